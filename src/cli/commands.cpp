@@ -1,0 +1,126 @@
+#include "cli/commands.h"
+
+#include "cli/state_json.h"
+#include "cli/summary.h"
+#include "commands/save.h"
+#include "commands/session.h"
+#include "core/main_window.h"
+#include "core/program_list.h"
+#include "core/shared_state.h"
+#include "editor/whole_program.h"
+#include "files/writer.h"
+
+#include <cstdint>
+#include <cstdio>
+
+namespace {
+
+/// The opened program goes to the target through the program's own save command. A target that exists
+/// is replaced.
+Outcome SaveTo(const std::string& target)
+{
+    Console.Boxes.clear();
+    Console.Files = {target};
+    mnuSaveAs_Click();
+    AfterEvent();
+    if (const std::string refusal = LastRefusal(); !refusal.empty()) return Failed(refusal);
+    if (frmMain.lblPath.Text != target) return Failed(target + " was not saved");
+    return {};
+}
+
+std::string Listing()
+{
+    Shared.PrintMode = true;
+    std::string text = GenerateAll();
+    Shared.PrintMode = false;
+    return text;
+}
+
+/// FNV-1a, 64 bits.
+class Fingerprint
+{
+public:
+    void Add(std::string_view text)
+    {
+        for (const char c : text) Byte(static_cast<unsigned char>(c));
+        Byte(0xFF);
+    }
+    std::string Text() const
+    {
+        char text[20];
+        std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(Hash));
+        return text;
+    }
+
+private:
+    void Byte(unsigned char byte) { Hash = (Hash ^ byte) * 0x100000001B3ULL; }
+    uint64_t Hash = 0xCBF29CE484222325ULL;
+};
+
+void AddProgram(Fingerprint& print)
+{
+    frmMain.lblPath.Text.clear(); // where the file lies is no behaviour
+    print.Add(StateAsJson());
+    print.Add(Listing());
+    print.Add(GenerateAll());
+    (Shared.Metric ? mnuMMtoINCH_click : mnuINCHtoMM_click)();
+    print.Add(StateAsJson());
+}
+
+} // namespace
+
+Outcome CheckFiles(const LoadOptions& options, const std::vector<std::string>& files)
+{
+    Outcome outcome;
+    for (const std::string& file : files) {
+        if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
+        for (const LineMessage& message : MessagesOfProgram()) {
+            outcome.Output += file + ":" + message.Number + ": " + message.Text + "\n";
+            outcome.Status = StatusMessages;
+        }
+        outcome.Output += file + ": " + SummaryLine() + "\n";
+    }
+    return outcome;
+}
+
+Outcome ShowFile(const LoadOptions& options, const std::string& file, bool asJson, bool withColor)
+{
+    if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
+    if (asJson) return {StatusDone, StateAsJson()};
+    std::string output;
+    if (const std::string& notes = frmMain.txtFileNotes.Text; !notes.empty()) output += notes + "\n\n";
+    if (LineCount() > 0) output += ProgramTable(withColor) + "\n";
+    return {StatusDone, output + file + ": " + SummaryLine() + "\n"};
+}
+
+Outcome ListFile(const LoadOptions& options, const std::string& file)
+{
+    if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
+    if (LineCount() == 0) return Failed(file + ": the program has no lines");
+    return {StatusDone, Listing()};
+}
+
+Outcome SaveFile(const LoadOptions& options, const std::string& file, const std::string& target)
+{
+    if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
+    return SaveTo(target);
+}
+
+Outcome ConvertFile(const LoadOptions& options, const std::string& file, const std::string& units,
+                    const std::string& target)
+{
+    if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
+    if (units == "inch" && Shared.Metric) mnuMMtoINCH_click();
+    if (units == "mm" && !Shared.Metric) mnuINCHtoMM_click();
+    return SaveTo(target);
+}
+
+Outcome FingerprintFiles(const LoadOptions& options, const std::vector<std::string>& files)
+{
+    Fingerprint print;
+    for (const std::string& file : files) {
+        if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
+        AddProgram(print);
+    }
+    return {StatusDone, print.Text() + "\n"};
+}

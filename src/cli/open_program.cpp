@@ -1,0 +1,58 @@
+#include "cli/open_program.h"
+
+#include "commands/load.h"
+#include "commands/session.h"
+#include "core/main_window.h"
+#include "core/profile.h"
+#include "files/reader.h"
+#include "platform/files.h"
+#include "ui/choice.h"
+
+#include <algorithm>
+#include <filesystem>
+
+const std::vector<std::string> ViewNames{"gcode", "toolpos", "properties", "time"};
+
+ScriptedPlatform Console;
+
+namespace {
+
+void CheckViews(const std::vector<std::string>& names)
+{
+    Control* const boxes[] = {&frmMain.chkViewGcode, &frmMain.chkViewToolPos, &frmMain.chkViewLineProperties,
+                              &frmMain.chkViewMachineTime};
+    for (size_t i = 0; i < ViewNames.size(); ++i) {
+        if (std::find(names.begin(), names.end(), ViewNames[i]) != names.end()) SetCheck(*boxes[i], true);
+    }
+}
+
+} // namespace
+
+std::optional<std::string> OpenProgram(const LoadOptions& options, const std::string& file)
+{
+    Console = {};
+    ThePlatform = &Console;
+    ResetState();
+    MachineKind machine = MachineKind::MK4;
+    MachineOfName(options.Machine, machine);
+    StartNew(machine, options.Units == "mm", options.Orientation == "horizontal");
+    CheckViews(options.View);
+
+    std::string bytes;
+    if (const auto failure = ReadWholeFile(file, bytes)) return failure->Reason;
+    if (KindOfFile(bytes) == FileKind::Language) return "this is a language module, not a program";
+    std::error_code ignored;
+    const std::string path = std::filesystem::absolute(file, ignored).lexically_normal().string();
+    LoadFile(path);
+    AfterEvent();
+    if (frmMain.lblPath.Text != path) return LastRefusal();
+    return std::nullopt;
+}
+
+std::string LastRefusal()
+{
+    for (auto shown = Console.Boxes.rbegin(); shown != Console.Boxes.rend(); ++shown) {
+        if (shown->Box.Icon == Icon::Exclamation) return shown->Box.Text;
+    }
+    return "";
+}

@@ -1,0 +1,31 @@
+// open_program.h: a file loaded by the program's own reader, as every command begins.
+
+#pragma once
+
+#include "core/shared_state.h"
+#include "platform/scripted.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// What is in force before a load. A file that says otherwise wins.
+struct LoadOptions {
+    std::string Machine = "MK4";
+    std::string Units = "mm";
+    std::string Orientation = "vertical";
+    /// Boxes of the View frame that are checked: gcode, toolpos, properties, time.
+    std::vector<std::string> View;
+};
+
+/// The names that View takes.
+extern const std::vector<std::string> ViewNames;
+
+/// The platform of the commands: nobody is asked, boxes and dialogs are kept.
+extern ScriptedPlatform Console;
+
+/// Starts anew and loads the file. Returns why that failed, without the file's name in front.
+std::optional<std::string> OpenProgram(const LoadOptions& options, const std::string& file);
+
+/// The text of the last message box that reported a failure, "" when there was none.
+std::string LastRefusal();

@@ -1,0 +1,8 @@
+// state_json.h: the program's state as JSON, for scripts and tests.
+
+#pragma once
+
+#include <string>
+
+/// The state as it stands: machine, flags, labels, every row with its cells, column widths, the log.
+std::string StateAsJson();

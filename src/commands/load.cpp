@@ -1,0 +1,108 @@
+#include "commands/load.h"
+
+#include "commands/program.h"
+#include "commands/save.h"
+#include "core/failure.h"
+#include "core/main_window.h"
+#include "core/messages.h"
+#include "core/profile.h"
+#include "core/program_list.h"
+#include "core/text.h"
+#include "editor/whole_program.h"
+#include "files/reader.h"
+#include "interpreter/interpreter.h"
+#include "platform/files.h"
+#include "platform/platform.h"
+#include "ui/columns.h"
+#include "ui/panes.h"
+#include "ui/profile_controls.h"
+
+#include <utility>
+
+namespace {
+
+void RefuseFile(const std::string& path, const std::string& why)
+{
+    ShowMessage(TextOf(Messages::TheFile) + " \"" + FileNameOf(path) + "\" " + why,
+                TextOf(Messages::RecognizingProblem), Icon::Exclamation);
+}
+
+/// Whether the open program may be replaced. It is saved first where the user wants that, while the
+/// machine is still its own.
+bool MayReplaceProgram()
+{
+    if (!Shared.Changed) return true;
+    const MessageBox box{TextOf(Messages::SaveOpenFile), TextOf(Messages::Continue), Buttons::YesNoCancel};
+    switch (ThePlatform->Show(box)) {
+    case Answer::Yes: mnuSave_Click(); return !Shared.Changed;
+    case Answer::No: Shared.Changed = false; return true;
+    default: return false;
+    }
+}
+
+/// Puts a program that was read in the place of the open one.
+void TakeOver(ProgramFile file, const std::string& path)
+{
+    Shared.Machine = file.Machine;
+    ClearProgram_Click();
+    frmMain.txtFileNotes.Text = std::move(file.Notes);
+    frmMain.lblPath.Text = path;
+    lvCncProgram.Rows = std::move(file.Rows);
+    if (!lvCncProgram.Rows.empty()) SelectRow(1);
+    if (file.End) {
+        Shared.Horizontal = file.End->Horizontal.value_or(Shared.Horizontal);
+        SetUnits(file.End->Metric);
+    }
+    if (frmMain.chkViewGcode.Value == 1) chkViewGcode_Click();
+    ClearInputTexts();
+    Interpreter();
+    Shared.Changed = false;
+    Shared.RedrawPending = true;
+    ApplyMachine();
+    MakeToolpositionColums();
+    ShowLineCount();
+    AddBlankLine(false);
+}
+
+} // namespace
+
+void LoadFile(const std::string& path)
+{
+    cmdReturn_Click();
+    std::string chosen = path;
+    if (chosen.empty()) {
+        chosen =
+            ThePlatform
+                ->AskForFile({FileDialog::Purpose::Open, "",
+                              "cnc files (*.txt or *.cnc or *.c5n)|*.cnc;*.txt;*.c5n|All Files (*.*)|*.*|"})
+                .value_or("");
+    }
+    if (chosen.empty() || !FileExists(chosen)) return;
+
+    std::string bytes;
+    if (const auto failure = ReadWholeFile(chosen, bytes)) {
+        NoteFailure(failure->Number, "LoadFile");
+        RefuseFile(chosen, "can't be read: " + failure->Reason);
+        return;
+    }
+    switch (KindOfFile(bytes)) {
+    case FileKind::Language: return; // no language modules yet
+    case FileKind::Unknown:
+        // A translation brings no blank of its own in front.
+        RefuseFile(chosen, std::string(TextOr(Messages::NotEmcoFile.Default,
+                                              Translated.MessageTable[Messages::NotEmcoFile.Index] + " ")));
+        return;
+    case FileKind::Program: break;
+    }
+    ProgramFile file = ReadProgram(bytes);
+    if (file.TooLong) {
+        RefuseFile(chosen, "has more than " + std::to_string(MaxFileLines) + " lines and can't be loaded");
+        return;
+    }
+    if (MayReplaceProgram()) TakeOver(std::move(file), chosen);
+}
+
+void mnuOpen_Click()
+{
+    LoadFile("");
+}

@@ -1,0 +1,25 @@
+// main_window.h: the records of the main window's controls.
+
+#pragma once
+
+#include "core/control.h"
+
+#include <functional>
+
+struct MainWindow {
+    Control Window{Kind::Form, "frmMain"};
+#define CONTROL(kind, name, in, text, tabStop) Control name{Kind::kind, #name, &in, text, tabStop};
+#define CONTROLS(kind, name, count, in) Control name[count];
+#include "core/main_window.def"
+#undef CONTROL
+#undef CONTROLS
+
+    /// The start state: captions of the table, the code lists, what is hidden or disabled at first.
+    MainWindow();
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+
+    /// Calls `visit` with each control in the order of the table; elements of an array one by one.
+    void ForEach(const std::function<void(Control&)>& visit);
+};
+extern MainWindow frmMain;

@@ -1,0 +1,65 @@
+// shared_state.h: the flags and values that several folders read and write.
+//
+// They are plain data without observers. What belongs to one routine alone stands with that routine.
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+/// The three machines: the Compact 5 CNC lathe with the controls MK2 and MK4, and the F1 CNC mill.
+enum class MachineKind { MK2, MK4, F1 };
+
+struct SharedState {
+    /// The profile in force. Values are in 1/100 mm when Metric, else in 1/1000 inch. Horizontal is the
+    /// spindle of the F1; it keeps its value while a lathe is selected.
+    MachineKind Machine = MachineKind::MK4;
+    bool Metric = true;
+    bool Horizontal = false;
+
+    /// The program differs from its file.
+    bool Changed = false;
+    /// An error of the last pass stands in the program.
+    bool ErrorsPresent = false;
+    /// The last pass found G22 or M30 anywhere.
+    bool EndCodeSeen = false;
+    /// The last pass walked an arc; the columns of centre and radius are shown only then.
+    bool ArcsPresent = false;
+    /// G90 or G92 is in force: at the line being walked, afterwards as the last walked line left it.
+    bool AbsoluteMode = false;
+    /// X is a radius, not a diameter: G24, and always on the F1. Left like AbsoluteMode.
+    bool RadiusMode = false;
+    /// The plane of the last move: "XY", "XZ", "YZ", or "" before the first.
+    std::string ArcPlane;
+    /// List index (from 1) of the line that was reported last, 0 for none.
+    int LastErrorIndex = 0;
+
+    /// The text of a program is made as the printed listing instead of the file.
+    bool PrintMode = false;
+    /// The main window follows the width of the visible columns.
+    bool AutoWidthOn = false;
+    /// User controls are enabled.
+    bool ControlsEnabled = true;
+    /// A transmission is running.
+    bool Transmitting = false;
+    /// A machine option is being set by ControlsPositioning, so its Click does nothing.
+    bool PositioningControls = false;
+
+    /// The feed presets that were last taken over: the number and one blank.
+    std::string FeedA = "200 ";
+    std::string FeedB = "50 ";
+    /// Radius of the last M99R that was entered, in program units.
+    float M99RRadius = 0;
+
+    /// First part of the error column's header, and the number of the line that it names (from 0).
+    std::string ErrorColumnTitle = "Error in line";
+    int ErrorLine = 0;
+    /// The caption that the entry frame returns to when the program is cleared.
+    std::string EntryCaption;
+    std::string LanguageName;
+
+    /// A drawing is wanted when the event is over.
+    bool RedrawPending = false;
+    bool AutoFitPending = false;
+};
+extern SharedState Shared;

@@ -1,0 +1,125 @@
+#include "editor/whole_program.h"
+
+#include "core/codes.h"
+#include "core/failure.h"
+#include "core/main_window.h"
+#include "core/numbers.h"
+#include "core/profile.h"
+#include "core/program_list.h"
+#include "core/text.h"
+#include "interpreter/interpreter.h"
+#include "ui/columns.h"
+#include "ui/profile_controls.h"
+
+namespace {
+
+constexpr double MillimetresPerInch = 2.54; // 1/1000 inch in 1/100 mm
+constexpr std::string_view AutomaticComment = "@  ";
+
+/// Scales the last `digits` characters of a cell; what stands in front of them, sign or letter, stays.
+void ConvertCell(std::string& cell, size_t digits, double factor)
+{
+    Attempt("Convert", [&] {
+        const int16_t value = ToInt16(Val(LastCharacters(cell, digits)) * factor);
+        cell = std::string(FirstCharacters(cell, 1)) + RightPad(FormatWhole(value, 2), digits);
+    });
+}
+
+/// Feeds and pitches: a pitch has the letter K, a feed no letter and a value above 1.
+bool IsFeedOrPitch(const std::string& cell)
+{
+    bool is = false;
+    Attempt("Convert", [&] {
+        const Word word = WordVal(cell);
+        is = UpperCase(word.Letter) == 'K' || (word.Letter == '\0' && word.Value > 1);
+    });
+    return is;
+}
+
+void ConvertRow(ProgramLine& row, double factor)
+{
+    if (!IsBlank(row[CellX])) ConvertCell(row[CellX], ActiveProfile().XDigits, factor);
+    const std::string& y = row[CellY];
+    if (!IsBlank(y) && !StartsNoCase(y, "S")) ConvertCell(row[CellY], 4, factor);
+    if (!IsBlank(row[CellZ])) ConvertCell(row[CellZ], 5, factor);
+    // A line from an MK2 file has no place for a letter there yet.
+    if (CharacterCount(row[CellF]) == 3) row[CellF].insert(0, " ");
+    if (IsFeedOrPitch(row[CellF])) ConvertCell(row[CellF], 3, factor);
+}
+
+/// The picking list of the machine for codes with the letter.
+const Control& ListOf(bool letterM)
+{
+    switch (Shared.Machine) {
+    case MachineKind::MK2: return frmMain.lstMK2Gcodes;
+    case MachineKind::MK4: return letterM ? frmMain.lstMK4Mcodes : frmMain.lstMK4Gcodes;
+    case MachineKind::F1: break;
+    }
+    return letterM ? frmMain.lstF1Mcodes : frmMain.lstF1Gcodes;
+}
+
+/// The description of the first item whose first `length` characters, trimmed, are the code; "" for none.
+std::string DescriptionOf(const Control& list, std::string_view code, size_t length)
+{
+    for (const std::string& item : list.Items) {
+        if (EqualsNoCase(Trimmed(FirstCharacters(item, length)), code)) {
+            return std::string(AutomaticComment) + ItemDescription(item);
+        }
+    }
+    return "";
+}
+
+void DescribeRow(ProgramLine& row)
+{
+    if (!IsBlank(row[CellComment])) return;
+    std::string code(Trimmed(row[CellCode]));
+    const bool letterM = StartsNoCase(code, "M");
+    if (!letterM) code.insert(0, "G");
+    const std::string description = DescriptionOf(ListOf(letterM), code, 3);
+    if (!description.empty()) row[CellComment] = description;
+}
+
+} // namespace
+
+void Convert(double factor)
+{
+    if (LineCount() < 1) return;
+    Shared.Changed = true;
+    for (int i = 1; i <= LineCount(); ++i) ConvertRow(lvCncProgram.Row(i), factor);
+    SetUnits(factor == MillimetresPerInch);
+}
+
+void mnuMMtoINCH_click()
+{
+    Convert(1 / MillimetresPerInch);
+}
+
+void mnuINCHtoMM_click()
+{
+    Convert(MillimetresPerInch);
+}
+
+void CodeDescription()
+{
+    if (frmMain.txtGMcode.Text.empty()) return;
+    const std::string& letter = frmMain.lblGMcode.Text;
+    const Control& list = ListOf(EqualsNoCase(letter, "M"));
+    const std::string description = DescriptionOf(list, letter + frmMain.txtGMcode.Text, 4);
+    if (!description.empty()) frmMain.txtComment.Text = description;
+}
+
+void chkViewGcode_Click()
+{
+    if (LineCount() < 1) return;
+    Shared.Changed = true;
+    for (int i = 1; i <= LineCount(); ++i) {
+        ProgramLine& row = lvCncProgram.Row(i);
+        if (frmMain.chkViewGcode.Value == 1) {
+            DescribeRow(row);
+        } else if (row[CellComment].starts_with(AutomaticComment)) {
+            row[CellComment].clear();
+        }
+    }
+    Interpreter();
+    AutoWidth();
+}

@@ -1,0 +1,17 @@
+// whole_program.h: changes of all lines at once.
+
+#pragma once
+
+/// Scales the program: 2.54 converts inch to metric, 1 / 2.54 the other way. Coordinates, feeds and
+/// pitches are scaled and rounded one by one, half to even; tools, line targets, pulses and the mill's
+/// spindle speed stay. A value that doesn't fit stays as it was and is logged.
+void Convert(double factor);
+void mnuMMtoINCH_click();
+void mnuINCHtoMM_click();
+
+/// Puts the description of the entry's code into the comment, "@  Rapid Traverse". Nothing when the
+/// machine's list doesn't have the code.
+void CodeDescription();
+
+/// Fills empty comments with the descriptions of their codes, or takes the automatic ones away.
+void chkViewGcode_Click();

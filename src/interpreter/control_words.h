@@ -1,0 +1,11 @@
+// control_words.h: control commands, the first word of a comment that begins with CMD.
+
+#pragma once
+
+#include <string_view>
+
+/// Whether the comment's first word begins with "CMD" and is no control command (in any case).
+bool IsUnknownControlCommand(std::string_view comment);
+
+/// Whether the comment makes its line one that does not act.
+bool IsSkipped(std::string_view comment);

@@ -1,0 +1,24 @@
+// limits.h: what each code may hold.
+//
+// The pass judges every stored line by these limits, whether the line is ever walked or not. The entry
+// fields have limits of their own (editor/fields.h): they judge what is being typed, and a file may
+// bring what no field let in.
+
+#pragma once
+
+#include "core/codes.h"
+#include "core/shared_state.h"
+#include "interpreter/pass.h"
+
+#include <string>
+
+/// Checks one line against the limits of its code on the machine, units and spindle in force.
+/// Returns the message of the last check that failed, or "" when all held: a line shows one message,
+/// and a later fault outweighs an earlier one.
+std::string LimitMessage(Code code, const LineWords& words);
+
+/// Whether a thread's pitch lies inside its limits.
+bool PitchHolds(int pitch);
+
+/// Forces the feed presets into the limits of the units and shows these as their tips.
+void ClampFeeds();

@@ -1,0 +1,56 @@
+// platform.h: what the program asks of the world beyond files: boxes, dialogs, the clock, folders.
+//
+// A front end gives one object of this class. scripted.h is the one that is no toolkit at all,
+// for the console and the tests.
+
+#pragma once
+
+#include <optional>
+#include <string>
+
+enum class Buttons { OK, YesNo, YesNoCancel };
+enum class Icon { None, Information, Exclamation, Critical, Question };
+enum class Answer { OK, Yes, No, Cancel };
+
+/// A message box. An empty title stands for the program's own.
+struct MessageBox {
+    std::string Text;
+    std::string Title;
+    ::Buttons Buttons = Buttons::OK;
+    ::Icon Icon = Icon::None;
+};
+
+/// A file dialog: what it proposes, and which files it shows ("text|patterns|text|patterns|").
+struct FileDialog {
+    enum class Purpose { Open, Save } For;
+    std::string Name;
+    std::string Filter;
+};
+
+struct DateTime {
+    int Year, Month, Day, Hour, Minute, Second;
+};
+
+class Platform
+{
+public:
+    virtual ~Platform() = default;
+
+    /// Shows the box and returns the button that closed it: one that the box has.
+    virtual Answer Show(const MessageBox& box) = 0;
+
+    /// Asks for a file. No value when the dialog was cancelled; "" when it was closed without a name.
+    virtual std::optional<std::string> AskForFile(const FileDialog& dialog) = 0;
+
+    /// Local date and time.
+    virtual DateTime Now() = 0;
+
+    /// The user's folder for application data without a separator at its end, "" for none.
+    virtual std::string LocalDataFolder() = 0;
+};
+
+/// The platform in use. Never null: until a front end sets its own, it is a scripted one.
+extern Platform* ThePlatform;
+
+/// A box with an OK button alone.
+void ShowMessage(const std::string& text, const std::string& title = "", Icon icon = Icon::None);

@@ -1,0 +1,39 @@
+// scripted.h: a platform without a toolkit, for the console program and the tests.
+//
+// Boxes and dialogs are answered from queues and recorded; the clock stands still.
+
+#pragma once
+
+#include "platform/platform.h"
+
+#include <deque>
+#include <vector>
+
+class ScriptedPlatform : public Platform
+{
+public:
+    /// Answers to coming boxes, in order. One that a box has no button for is passed over. Without
+    /// an answer a box gets the affirmative one: Yes, else OK.
+    std::deque<Answer> Answers;
+    /// Answers to coming file dialogs; without one a dialog is cancelled.
+    std::deque<std::optional<std::string>> Files;
+
+    struct ShownBox {
+        MessageBox Box;
+        Answer Given;
+    };
+    struct ShownDialog {
+        FileDialog Dialog;
+        std::optional<std::string> Given;
+    };
+    std::vector<ShownBox> Boxes;
+    std::vector<ShownDialog> Dialogs;
+
+    DateTime Clock{2026, 1, 2, 3, 4, 5};
+    std::string DataFolder;
+
+    Answer Show(const MessageBox& box) override;
+    std::optional<std::string> AskForFile(const FileDialog& dialog) override;
+    DateTime Now() override { return Clock; }
+    std::string LocalDataFolder() override { return DataFolder; }
+};

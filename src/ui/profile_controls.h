@@ -1,0 +1,16 @@
+// profile_controls.h: applies machine and units to the main window.
+
+#pragma once
+
+/// Arranges all that depends on the machine: titles, columns, enabled frames, then the units.
+void ApplyMachine();
+
+/// Selects metric or imperial units and shows them: the option that fits machine, units and spindle is
+/// chosen, which runs its handler when it was off, so Changed may become true.
+void SetUnits(bool metric);
+
+/// Sizes the content of the main window and applies the machine's profile to it.
+void ControlsPositioning();
+
+/// Writes the window's title: product, version, machine, file name.
+void MakeFormCaption();
