@@ -143,9 +143,9 @@ int32_t ToInt32(double value)
 
 float ToSingle(double value)
 {
-    const float single = static_cast<float>(value);
-    if (std::isinf(single)) throw RunTimeFailure{Failures::Overflow};
-    return single;
+    constexpr double RoundsBeyond = 0x1.ffffffp127; // halfway to what would be the next 32-bit float
+    if (!(std::abs(value) < RoundsBeyond)) throw RunTimeFailure{Failures::Overflow};
+    return static_cast<float>(value);
 }
 
 double Divide(double dividend, double divisor)

@@ -181,7 +181,8 @@ Walk WalkArc(Pass& pass, ProgramLine& row)
         radius = Shared.M99RRadius;
     } else {
         if (!mk2 && !IsFullQuadrant(pass)) return ReportAndEnd(pass, row, Messages::NotFullQuadrant);
-        radius = std::abs(arc.StartA - arc.EndA);
+        const double reach = static_cast<double>(arc.StartA) - static_cast<double>(arc.EndA);
+        Attempt(PassName, [&] { radius = ToSingle(std::abs(reach)); });
     }
     row[CellRadius] = RightPad(PlainNumber(std::floor(radius)), 6);
 
@@ -238,10 +239,12 @@ void FindCenter(float startA, float startB, float endA, float endB, float radius
 
     // Two circles of the radius go through both points. The direction tells which centre is meant: by
     // whether the arc ends above its start, the one with the larger or the smaller A.
-    const auto firstA = static_cast<float>((a1 + a2) / 2 + offsetA);
-    const auto secondA = static_cast<float>((a1 + a2) / 2 - offsetA);
-    const auto firstB = static_cast<float>((b1 + b2) / 2 + static_cast<double>(offsetB));
-    const auto secondB = static_cast<float>((b1 + b2) / 2 - static_cast<double>(offsetB));
+    float firstA = 0, firstB = 0, secondA = 0, secondB = 0;
+    const auto store = [](float& to, double value) { Attempt("FindCenter", [&] { to = ToSingle(value); }); };
+    store(firstA, (a1 + a2) / 2 + offsetA);
+    store(firstB, (b1 + b2) / 2 + static_cast<double>(offsetB));
+    store(secondA, (a1 + a2) / 2 - offsetA);
+    store(secondB, (b1 + b2) / 2 - static_cast<double>(offsetB));
     const bool larger = (b2 > b1) != clockwise;
     const bool first = firstA == secondA ? larger : (firstA > secondA) == larger;
     centerA = std::trunc(first ? firstA : secondA);

@@ -59,7 +59,7 @@ Cuts CutsOf(const Pass& pass)
     Cuts cuts;
     for (const DrillSteps& drill : Drills) {
         if (pass.LineCode != drill.Cycle) continue;
-        cuts.Length = static_cast<float>(CutLength(pass, false));
+        Attempt(PassName, [&] { cuts.Length = ToSingle(CutLength(pass, false)); });
         const int first = Shared.Metric ? drill.FirstMetric : drill.FirstInch;
         const int step = Shared.Metric ? drill.StepMetric : drill.StepInch;
         cuts.Repeats = static_cast<float>(std::floor((static_cast<double>(cuts.Length) - first) / step) + 1);
@@ -69,7 +69,7 @@ Cuts CutsOf(const Pass& pass)
         cuts.Repeats = 1;
         if (pass.Words.H != 0) {
             // Cuts of at most H; a rest makes one more.
-            cuts.Length = static_cast<float>(CutLength(pass, alongX));
+            Attempt(PassName, [&] { cuts.Length = ToSingle(CutLength(pass, alongX)); });
             cuts.Repeats = std::floor(cuts.Length / static_cast<float>(pass.Words.H));
             Attempt(PassName, [&] {
                 if (ToInt32(cuts.Length) % pass.Words.H > 0) ++cuts.Repeats;
