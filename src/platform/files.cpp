@@ -10,10 +10,11 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
-#include <cstring>
 #include <fcntl.h>
+#include <iterator>
 #include <new>
 #include <unistd.h>
+#include <utility>
 
 SystemCalls Calls = {
     .Open = [](const char* path, int flags, mode_t mode) { return ::open(path, flags, mode); },
@@ -236,8 +237,7 @@ std::optional<FileFailure> FollowLinks(std::string& path)
 // right to write the folder, so the right to write the file has to be asked for.
 std::optional<FileFailure> LookAtOld(const std::string& target, std::optional<struct stat>& old)
 {
-    struct stat info {
-    };
+    struct stat info = {};
     if (Retried(Calls.Stat, target.c_str(), &info) != 0) {
         if (errno == ENOENT) return std::nullopt;
         return Failure(errno, Doing::Writing);
@@ -295,8 +295,7 @@ std::optional<FileFailure> MakeTemporary(const std::string& folder, bool isNew, 
 // group are nothing for another one. Where the group stays foreign, it gets what all others have at most.
 std::optional<FileFailure> KeepOwnerAndMode(int file, const struct stat& old)
 {
-    struct stat fresh {
-    };
+    struct stat fresh = {};
     if (Retried(Calls.FileStat, file, &fresh) != 0) return Failure(errno, Doing::Writing);
     mode_t mode = old.st_mode & 0777;
     if (fresh.st_uid != old.st_uid || fresh.st_gid != old.st_gid) {
@@ -311,7 +310,7 @@ std::optional<FileFailure> KeepOwnerAndMode(int file, const struct stat& old)
     return Failure(errno, Doing::Writing);
 }
 
-// Never tried again: after a failed fsync the system takes the lost pages for written.
+// A failed sync is final, not tried again: the system then takes the lost pages for written.
 bool Synced(int file)
 {
     return Retried(Calls.Sync, file) == 0 || NotOffered(errno);
@@ -354,8 +353,7 @@ std::optional<FileFailure> FinishTemporary(Temporary& temporary, std::string_vie
 
 bool IsFolder(const std::string& path)
 {
-    struct stat info {
-    };
+    struct stat info = {};
     return Retried(Calls.Stat, path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
@@ -364,8 +362,7 @@ bool IsFolder(const std::string& path)
 std::optional<FileFailure> ReadWholeFile(const std::string& path, std::string& bytes)
 {
     Handle file;
-    struct stat info {
-    };
+    struct stat info = {};
     if (auto failure = OpenRegular(path, O_RDONLY, Doing::Reading, file, info)) return failure;
     if (info.st_size > static_cast<off_t>(LargestFile)) return Failure(EFBIG, Doing::Reading);
     std::string read;
@@ -404,8 +401,7 @@ std::optional<FileFailure> ReplaceFile(const std::string& path, std::string_view
 std::optional<FileFailure> AppendToFile(const std::string& path, std::string_view text)
 {
     Handle file;
-    struct stat info {
-    };
+    struct stat info = {};
     constexpr int flags = O_WRONLY | O_APPEND | O_CREAT;
     if (auto failure = OpenRegular(path, flags, Doing::Writing, file, info)) return failure;
     if (auto failure = WriteAll(file.File, text)) return failure;
@@ -429,8 +425,7 @@ std::optional<FileFailure> MakeFolders(const std::string& path)
 
 bool FileExists(const std::string& path)
 {
-    struct stat info {
-    };
+    struct stat info = {};
     return Usable(path) && Retried(Calls.Stat, path.c_str(), &info) == 0 && S_ISREG(info.st_mode);
 }
 
