@@ -66,9 +66,31 @@ double SlowValue(const std::string& digits, int exponent)
     return value;
 }
 
+/// Whether the number is a whole one of few digits, as most are; those take no rounding.
+bool IsSmallWhole(double value)
+{
+    constexpr double Small = 1e7;
+    return std::abs(value) < Small && static_cast<double>(static_cast<int32_t>(value)) == value;
+}
+
+bool IsWordLetter(char c)
+{
+    switch (UpperCase(c)) {
+    case 'M':
+    case 'I':
+    case 'J':
+    case 'K':
+    case 'T':
+    case 'L':
+    case 'D':
+    case 'S': return true;
+    default: return false;
+    }
+}
+
 template <class Integer> Integer Rounded(double value)
 {
-    const double nearest = std::nearbyint(value);
+    const double nearest = IsSmallWhole(value) ? value : std::nearbyint(value);
     if (!(nearest >= std::numeric_limits<Integer>::min() && nearest <= std::numeric_limits<Integer>::max())) {
         throw RunTimeFailure{Failures::Overflow};
     }
@@ -122,13 +144,29 @@ double Val(std::string_view text)
 
 Word WordVal(std::string_view cell)
 {
-    if (!cell.empty()) {
-        const char upper = static_cast<char>(cell.front() & ~0x20);
-        if (upper != '\0' && std::strchr("MIJKTLDS", upper) != nullptr) {
-            return {cell.front(), ToSingle(Val(cell.substr(1)))};
-        }
+    if (!cell.empty() && IsWordLetter(cell.front())) {
+        return {cell.front(), ToSingle(Val(cell.substr(1)))};
     }
     return {'\0', ToSingle(Val(cell))};
+}
+
+bool ShortWord(std::string_view cell, char& letter, int16_t& value)
+{
+    constexpr size_t MostDigits = 4;
+    const bool hasLetter = !cell.empty() && IsWordLetter(cell.front());
+    size_t at = hasLetter ? 1 : 0;
+    while (at < cell.size() && cell[at] == ' ') ++at;
+    const bool negative = at < cell.size() && cell[at] == '-';
+    while (negative && ++at < cell.size() && cell[at] == ' ') {}
+    if (cell.size() - at > MostDigits) return false;
+    int whole = 0;
+    for (; at < cell.size(); ++at) {
+        if (!IsDigit(cell[at])) return false;
+        whole = whole * 10 + (cell[at] - '0');
+    }
+    letter = hasLetter ? cell.front() : '\0';
+    value = static_cast<int16_t>(negative ? -whole : whole);
+    return true;
 }
 
 int16_t ToInt16(double value)
@@ -160,19 +198,23 @@ double SquareRoot(double value)
     return std::sqrt(value);
 }
 
+void AppendWhole(std::string& text, double value, int digits)
+{
+    double nearest = IsSmallWhole(value) ? std::abs(value) : std::floor(std::abs(value) + 0.5);
+    if (nearest >= 1e18) nearest = 0; // no cell or label can hold it
+    char plain[32];
+    const char* const end = std::to_chars(plain, plain + sizeof plain, static_cast<int64_t>(nearest)).ptr;
+    const auto length = static_cast<size_t>(end - plain);
+    const size_t zeros = static_cast<size_t>(digits) > length ? static_cast<size_t>(digits) - length : 0;
+    if (value < 0 && nearest > 0) text += '-';
+    text.append(zeros, '0').append(plain, length);
+}
+
 std::string FormatWhole(double value, int digits)
 {
-    const double nearest = std::floor(std::abs(value) + 0.5);
-    if (nearest >= 1e18) return FormatWhole(0, digits); // no cell or label can hold it
-    char text[32];
-    const char* const end = std::to_chars(text, text + sizeof text, static_cast<int64_t>(nearest)).ptr;
-    const auto length = static_cast<size_t>(end - text);
-    const size_t zeros = static_cast<size_t>(digits) > length ? static_cast<size_t>(digits) - length : 0;
-
-    std::string result;
-    if (value < 0 && nearest > 0) result = "-";
-    result.append(zeros, '0').append(text, length);
-    return result;
+    std::string text;
+    AppendWhole(text, value, digits);
+    return text;
 }
 
 std::string FormatOneDecimal(double value)
@@ -185,10 +227,10 @@ std::string FormatOneDecimal(double value)
 
 std::string PlainNumber(double value)
 {
-    constexpr double AllWholeDigitsShown = 1e7;
-    if (std::abs(value) < AllWholeDigitsShown && value == std::trunc(value)) return FormatWhole(value, 1);
+    if (IsSmallWhole(value)) return FormatWhole(value, 1);
     char text[32];
-    std::snprintf(text, sizeof text, "%.6e", value); // d.dddddde±xx
+    const auto form = std::chars_format::scientific; // d.dddddde±xx
+    *std::to_chars(text, text + sizeof text, value, form, 6).ptr = '\0';
     const std::string digits = std::string(1, text[value < 0 ? 1 : 0]) + (text + (value < 0 ? 3 : 2));
     const int exponent = std::atoi(std::strchr(text, 'e') + 1);
     std::string plain = digits.substr(0, 7);
@@ -201,6 +243,22 @@ std::string PlainNumber(double value)
         if (plain.back() == '.') plain.pop_back();
     }
     return (value < 0 ? "-" : "") + plain;
+}
+
+void PutNumber(std::string& cell, double value, size_t width)
+{
+    char plain[32];
+    if (IsSmallWhole(value)) {
+        const char* const end = std::to_chars(plain, plain + sizeof plain, static_cast<int32_t>(value)).ptr;
+        const auto length = static_cast<size_t>(end - plain);
+        if (length <= width) {
+            if (cell.size() != width) cell.resize(width);
+            std::fill_n(cell.begin(), width - length, ' ');
+            std::copy(plain, plain + length, cell.end() - static_cast<std::ptrdiff_t>(length));
+            return;
+        }
+    }
+    cell = RightPad(PlainNumber(value), width);
 }
 
 std::string RightPad(std::string_view text, size_t width)

@@ -26,6 +26,10 @@ struct Word {
 /// Throws RunTimeFailure Overflow when the value is beyond a 32-bit float.
 Word WordVal(std::string_view cell);
 
+/// The same for the cells that most lines have, at a fraction of the cost: a letter or none, blanks, a
+/// sign or none, up to 4 digits, or blanks alone. False, and nothing is set, for every other text.
+bool ShortWord(std::string_view cell, char& letter, int16_t& value);
+
 /// Rounds half to even. Throws RunTimeFailure Overflow when the result doesn't fit.
 int16_t ToInt16(double value);
 int32_t ToInt32(double value);
@@ -40,12 +44,16 @@ double SquareRoot(double value);
 /// A whole number with at least `digits` digits, a half rounded away from zero, and a minus sign for
 /// a negative result: with two digits 7 gives "07", -7 gives "-07", 1234 gives "1234".
 std::string FormatWhole(double value, int digits);
+void AppendWhole(std::string& text, double value, int digits);
 
 /// One decimal, a half rounded away from zero: 90 gives "90.0".
 std::string FormatOneDecimal(double value);
 
 /// Plain decimal form at 7 significant digits, without an exponent: 12.5, 0.5, -3, 1000.
 std::string PlainNumber(double value);
+
+/// Puts a number's plain decimal form into a cell, aligned to the right: what RightPad makes of it.
+void PutNumber(std::string& cell, double value, size_t width);
 
 /// Aligns to the right: the last `width` characters of text, or blanks in front of it up to width.
 std::string RightPad(std::string_view text, size_t width);

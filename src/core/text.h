@@ -19,6 +19,16 @@ std::string_view FromCharacter(std::string_view text, size_t count);
 std::string_view FirstCharacters(std::string_view text, size_t count);
 std::string_view LastCharacters(std::string_view text, size_t count);
 
+/// Assigns a text to a cell. Most cells keep their length from pass to pass, and take no more than a copy.
+inline void Overwrite(std::string& cell, std::string_view text)
+{
+    if (cell.size() == text.size()) {
+        text.copy(cell.data(), text.size());
+    } else {
+        cell = text;
+    }
+}
+
 /// Without the blanks (no other characters) at its ends.
 std::string_view Trimmed(std::string_view text);
 bool IsBlank(std::string_view text);

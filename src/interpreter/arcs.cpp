@@ -65,7 +65,7 @@ void ComputeMK2Z(Pass& pass, ProgramLine& row)
 /// line the flags keep their values.
 void LookAhead(Pass& pass)
 {
-    if (pass.LineIndex >= LineCount()) return;
+    if (pass.LineIndex >= pass.Lines) return;
     const ProgramLine& next = lvCncProgram.Row(pass.LineIndex + 1);
     const Code code = CodeOfCell(next[CellCode]);
     pass.Arc.M99Follows = code == M(99);

@@ -82,8 +82,11 @@ Cuts CutsOf(const Pass& pass)
 /// The first item of the list whose code has the two digits, as its text from the fifth character on.
 std::string CycleName(std::string_view digits)
 {
+    const auto begin = [&](std::string_view text) {
+        return text.size() > 1 && text[0] == digits[0] && text[1] == digits[1];
+    };
     for (const std::string& item : frmMain.lstMK4Gcodes.Items) {
-        if (FirstCharacters(item, 3).find(digits) != std::string_view::npos) return ItemDescription(item);
+        if (begin(FromCharacter(item, 1)) || begin(item)) return ItemDescription(item);
     }
     return "";
 }
@@ -112,9 +115,9 @@ void WriteThreadRemark(ProgramLine& row, int pitch)
         });
     // Item 10 of that list is G33: code, blank, tab, description.
     constexpr size_t ThreadingItem = 10;
-    row[CellComment] = std::string(AutomaticComment) +
-                       std::string(FromCharacter(frmMain.lstMK2Gcodes.Items[ThreadingItem], 5)) + " (" +
-                       TextOf(Messages::MaxRpm) + " = " + std::to_string(speed->MaxRpm) + ")";
+    std::string& comment = row[CellComment];
+    comment.assign(AutomaticComment).append(FromCharacter(frmMain.lstMK2Gcodes.Items[ThreadingItem], 5));
+    comment += " (" + TextOf(Messages::MaxRpm) + " = " + std::to_string(speed->MaxRpm) + ")";
 }
 
 Walk CountCycleRepeats(Pass& pass, ProgramLine& row)
@@ -134,8 +137,8 @@ Walk CountCycleRepeats(Pass& pass, ProgramLine& row)
     if (IsAutomatic(comment) && pass.LineCode == G(78)) {
         Attempt(PassName, [&] { maxRpm = ToInt16(Val(LastCharacters(comment, 4))); });
     }
-    comment = std::string(AutomaticComment) + "(" + PlainNumber(cuts.Repeats) + "x)" +
-              CycleName(std::string_view(row[CellCode]).substr(1, 2));
+    comment.assign(AutomaticComment).append("(").append(PlainNumber(cuts.Repeats)).append("x)");
+    comment += CycleName(std::string_view(row[CellCode]).substr(1, 2));
     if (maxRpm > 0) comment += " (" + TextOf(Messages::MaxRpm) + "=" + std::to_string(maxRpm) + ")";
     return Walk::GoOn;
 }

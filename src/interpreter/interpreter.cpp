@@ -14,6 +14,8 @@
 #include "ui/columns.h"
 #include "ui/panes.h"
 
+#include <limits>
+
 namespace {
 
 /// Nested calls reach numbers of lines that nobody would wait for.
@@ -36,6 +38,11 @@ bool IsReturningCycle(Code code)
 /// was there, the line before's.
 void ReadCell(const std::string& cell, int16_t& word, float* plain = nullptr, float scale = 1)
 {
+    char letter = '\0';
+    if (ShortWord(cell, letter, word)) {
+        if (plain != nullptr) *plain = letter == '\0' ? static_cast<float>(word) * scale : 0;
+        return;
+    }
     Word read{};
     if (!Attempt(PassName, [&] { read = WordVal(cell); })) return;
     if (plain != nullptr) *plain = read.Letter == '\0' ? read.Value * scale : 0;
@@ -55,11 +62,13 @@ void ReadWords(const ProgramLine& row, Pass& pass, bool withValues)
 
 void BlankResults(ProgramLine& row)
 {
-    row[CellError] = "               ";
-    for (const size_t cell : {CellToolX, CellToolY, CellToolZ}) row[cell] = "     ?";
-    for (const size_t cell : {CellCenterX, CellCenterY, CellCenterZ, CellRadius}) row[cell] = "      ";
-    row[CellAngle] = "   ";
-    row[CellTime] = "        ";
+    Overwrite(row[CellError], "               ");
+    for (const size_t cell : {CellToolX, CellToolY, CellToolZ}) Overwrite(row[cell], "     ?");
+    for (const size_t cell : {CellCenterX, CellCenterY, CellCenterZ, CellRadius}) {
+        Overwrite(row[cell], "      ");
+    }
+    Overwrite(row[CellAngle], "   ");
+    Overwrite(row[CellTime], "        ");
 }
 
 /// The first sweep over one line: everything that the line alone tells.
@@ -134,7 +143,7 @@ Walk CallSub(Pass& pass, ProgramLine& row)
     if (target < 0) return ReportAndEnd(pass, row, Messages::NoSuchLine);
     if (target <= pass.LineIndex) return ReportAndEnd(pass, row, Messages::InvalidSub);
     if (pass.SubDepth == MaxSubDepth) return ReportAndEnd(pass, row, Messages::TooManySubs);
-    if (target > LineCount() - 1) return ReportAndEnd(pass, row, Messages::NoSuchLine);
+    if (target > pass.Lines - 1) return ReportAndEnd(pass, row, Messages::NoSuchLine);
     pass.SubStack[static_cast<size_t>(++pass.SubDepth)] = pass.LineIndex + 1;
     pass.LineIndex = target;
     return Walk::GoOn;
@@ -166,7 +175,7 @@ Walk EndInLoop(Pass& pass, ProgramLine& row, int target)
 Walk Jump(Pass& pass, ProgramLine& row)
 {
     const int target = pass.Words.F;
-    if (target < 0 || target > LineCount() - 1) return ReportAndEnd(pass, row, Messages::NoSuchLine);
+    if (target < 0 || target > pass.Lines - 1) return ReportAndEnd(pass, row, Messages::NoSuchLine);
     if (!lvCncProgram.Row(target + 1)[CellToolX].ends_with('?')) return EndInLoop(pass, row, target);
     pass.LineIndex = target;
     return Walk::GoOn;
@@ -204,7 +213,7 @@ Walk Act(Pass& pass, ProgramLine& row)
     case G(92): SetRegister(pass); break;
     case M(17): return ReturnFromSub(pass, row);
     case G(22):
-    case M(30): pass.LineIndex = LineCount(); break;
+    case M(30): pass.LineIndex = pass.Lines; break;
     case M(99):
     case M99R: return WalkArcCenter(pass, row);
     default: break;
@@ -229,9 +238,9 @@ Walk WalkMove(Pass& pass, ProgramLine& row)
 
 void WriteToolPosition(const Pass& pass, ProgramLine& row)
 {
-    row[CellToolX] = RightPad(PlainNumber(pass.Tool.X), 6);
-    row[CellToolY] = RightPad(PlainNumber(pass.Tool.Y), 6);
-    row[CellToolZ] = RightPad(PlainNumber(pass.Tool.Z), 6);
+    PutNumber(row[CellToolX], pass.Tool.X, 6);
+    PutNumber(row[CellToolY], pass.Tool.Y, 6);
+    PutNumber(row[CellToolZ], pass.Tool.Z, 6);
 }
 
 void ReturnToStart(Pass& pass)
@@ -251,6 +260,17 @@ Walk EndOfPatience(Pass& pass, ProgramLine& row, int index)
     frmMain.lblPPMachineTime.Text = NoTime;
     pass.LineIndex = index;
     return ReportAndEnd(pass, row, Messages::EndlessLoop);
+}
+
+/// Beyond its range the count is a failure at every line: a million of them, so it is noted, not thrown.
+void CountLine(Pass& pass)
+{
+    ++pass.LinesWalked;
+    if (pass.LinesExecuted == std::numeric_limits<int16_t>::max()) {
+        NoteFailure(Failures::Overflow, PassName);
+    } else {
+        ++pass.LinesExecuted;
+    }
 }
 
 /// Walks the line of LineIndex. From Act on LineIndex may point elsewhere already.
@@ -274,17 +294,17 @@ Walk WalkLine(Pass& pass)
     if (Shared.Machine != MachineKind::MK2 && CountCycleRepeats(pass, row) == Walk::End) return Walk::End;
     if (pass.LineCode == G(2) || pass.LineCode == G(3)) Shared.ArcsPresent = true;
     if (pass.LineCode == M(6)) pass.ToolChanged = true;
-    ++pass.LinesWalked;
-    Attempt(PassName, [&] { pass.LinesExecuted = ToInt16(pass.LinesExecuted + 1); });
+    CountLine(pass);
     if (CheckTool(pass, row) == Walk::End) return Walk::End;
 
     AddLineTime(pass, row);
     frmMain.lblPPLinesExe.Text = std::to_string(pass.LinesExecuted);
-    const int lines = LineCount();
-    if (pass.LineIndex == lines && lines > MaxLines()) {
-        Report(pass, lvCncProgram.Row(lines), TextOf(Messages::MaxLinesReached));
+    if (pass.LineIndex == pass.Lines && pass.Lines > MaxLines()) {
+        Report(pass, lvCncProgram.Row(pass.Lines), TextOf(Messages::MaxLinesReached));
     }
-    if (pass.LinesWalked >= MaxLinesWalked && pass.LineIndex < lines) return EndOfPatience(pass, row, index);
+    if (pass.LinesWalked >= MaxLinesWalked && pass.LineIndex < pass.Lines) {
+        return EndOfPatience(pass, row, index);
+    }
     return Walk::GoOn;
 }
 
@@ -346,17 +366,17 @@ void MoveTool(Pass& pass)
 void Interpreter()
 {
     BeginPass();
-    const int lines = LineCount();
-    if (lines < 1) {
+    Pass pass;
+    pass.Lines = LineCount();
+    if (pass.Lines < 1) {
         ShowEmptyProgram();
         return;
     }
-    Pass pass;
     pass.SelectedIndex = lvCncProgram.Selected;
     Shared.LastErrorIndex = 0;
     BeginLoggedPass();
 
-    for (pass.LineIndex = 1; pass.LineIndex <= lines; ++pass.LineIndex) {
+    for (pass.LineIndex = 1; pass.LineIndex <= pass.Lines; ++pass.LineIndex) {
         Log.Line = pass.LineIndex;
         CheckLine(pass, lvCncProgram.Row(pass.LineIndex));
     }
@@ -364,7 +384,7 @@ void Interpreter()
     pass.LineIndex = 0;
     Shared.ArcPlane.clear();
     Walk walk = Walk::GoOn;
-    while (walk == Walk::GoOn && pass.LineIndex < lines) {
+    while (walk == Walk::GoOn && pass.LineIndex < pass.Lines) {
         ++pass.LineIndex;
         walk = WalkLine(pass);
     }

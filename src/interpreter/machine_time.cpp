@@ -4,6 +4,7 @@
 #include "core/main_window.h"
 #include "core/numbers.h"
 #include "core/shared_state.h"
+#include "core/text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,12 +23,11 @@ constexpr double ArcUnits = 78.55;
 
 void FindMoves(Pass& pass)
 {
+    const std::string& plane = Shared.ArcPlane; // the letters of its two axes
+    if (plane.empty()) return;
     const auto move = [&](float Position::*axis) { return std::abs(pass.Tool.*axis - pass.PrevTool.*axis); };
-    const std::string& plane = Shared.ArcPlane;
-    if (plane == "XY" || plane == "XZ") pass.MoveA = move(&Position::X);
-    if (plane == "YZ") pass.MoveA = move(&Position::Y);
-    if (plane == "XY") pass.MoveB = move(&Position::Y);
-    if (plane == "XZ" || plane == "YZ") pass.MoveB = move(&Position::Z);
+    pass.MoveA = move(plane[0] == 'X' ? &Position::X : &Position::Y);
+    pass.MoveB = move(plane[1] == 'Y' ? &Position::Y : &Position::Z);
 }
 
 /// The length of the arc by the texts that its row shows; the last length when it has no angle.
@@ -83,7 +83,11 @@ void AddLineTime(Pass& pass, ProgramLine& row)
     FindMoves(pass);
     pass.LineTime = 0;
     Attempt(PassName, [&] { pass.LineTime = ToSingle(TimeOf(pass, row)); });
-    row[CellTime] = pass.LineTime > 0 ? MakeTimeString(pass.LineTime) : "        ";
+    if (pass.LineTime > 0) {
+        row[CellTime] = MakeTimeString(pass.LineTime);
+    } else {
+        Overwrite(row[CellTime], "        ");
+    }
     const double total = static_cast<double>(pass.TotalTime) + static_cast<double>(pass.LineTime);
     Attempt(PassName, [&] { pass.TotalTime = ToSingle(total); });
 }
@@ -109,5 +113,9 @@ std::string MakeTimeString(float seconds)
     const double hours = std::floor(t / 3600);
     t -= hours * 3600;
     const double minutes = std::floor(t / 60);
-    return FormatWhole(hours, 2) + ":" + FormatWhole(minutes, 2) + ":" + FormatWhole(t - minutes * 60, 2);
+    std::string text;
+    AppendWhole(text, hours, 2);
+    AppendWhole(text += ':', minutes, 2);
+    AppendWhole(text += ':', t - minutes * 60, 2);
+    return text;
 }

@@ -40,6 +40,8 @@ struct ArcState {
 constexpr int MaxSubDepth = 5;
 
 struct Pass {
+    /// Number of program lines; a pass adds none.
+    int Lines = 0;
     /// The list index of the line (from 1); a jump sets it ahead while its own line is finished.
     int LineIndex = 0;
     Code LineCode = NoCode;
