@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/key_script.h"
 #include "cli/state_json.h"
 #include "cli/summary.h"
 #include "commands/save.h"
@@ -83,14 +84,36 @@ Outcome CheckFiles(const LoadOptions& options, const std::vector<std::string>& f
     return outcome;
 }
 
+namespace {
+
+/// The program as a person reads it: notes, table, key figures behind `name`.
+std::string ProgramAsText(const std::string& name, bool withColor)
+{
+    std::string output;
+    if (const std::string& notes = frmMain.txtFileNotes.Text; !notes.empty()) output += notes + "\n\n";
+    if (LineCount() > 0) output += ProgramTable(withColor) + "\n";
+    return output + name + ": " + SummaryLine() + "\n";
+}
+
+} // namespace
+
 Outcome ShowFile(const LoadOptions& options, const std::string& file, bool asJson, bool withColor)
 {
     if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
     if (asJson) return {StatusDone, StateAsJson()};
-    std::string output;
-    if (const std::string& notes = frmMain.txtFileNotes.Text; !notes.empty()) output += notes + "\n\n";
-    if (LineCount() > 0) output += ProgramTable(withColor) + "\n";
-    return {StatusDone, output + file + ": " + SummaryLine() + "\n"};
+    return {StatusDone, ProgramAsText(file, withColor)};
+}
+
+Outcome TypeKeys(const LoadOptions& options, const std::string& file, const std::string& script, bool asJson,
+                 bool withColor)
+{
+    BeginProgram(options);
+    if (!file.empty()) {
+        if (const auto why = LoadInto(file)) return Failed(file + ": " + *why);
+    }
+    if (const auto fault = RunKeyScript(script)) return Failed(*fault);
+    return {StatusDone,
+            asJson ? WindowStateAsJson() : ProgramAsText(file.empty() ? "keys" : file, withColor)};
 }
 
 Outcome ListFile(const LoadOptions& options, const std::string& file)

@@ -2,6 +2,7 @@
 
 #include "cli/commands.h"
 #include "core/app_data.h"
+#include "platform/files.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -11,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <optional>
 #include <unistd.h>
 
 namespace {
@@ -19,7 +21,7 @@ namespace {
 struct Arguments {
     LoadOptions Load;
     std::vector<std::string> Files, Columns;
-    std::string File, Target, Units;
+    std::string File, Target, Units, Script, Keys;
     bool Json = false;
 };
 
@@ -54,6 +56,21 @@ void AddFiles(CLI::App& command, Arguments& arguments)
 void AddTarget(CLI::App& command, Arguments& arguments)
 {
     command.add_option("-o", arguments.Target, "file to write")->required()->type_name("OUT");
+}
+
+/// The script of a key command: a file, "-" for standard input, or the text of --keys. No value when it
+/// can't be read.
+std::optional<std::string> ReadScript(const Arguments& arguments)
+{
+    if (arguments.Script.empty()) return arguments.Keys;
+    std::string script;
+    if (arguments.Script != "-") {
+        if (ReadWholeFile(arguments.Script, script)) return std::nullopt;
+        return script;
+    }
+    char buffer[4096];
+    for (size_t got = 0; (got = std::fread(buffer, 1, sizeof buffer, stdin)) > 0;) script.append(buffer, got);
+    return script;
 }
 
 bool WantsColor()
@@ -136,6 +153,18 @@ int main(int argc, char** argv)
     convert->add_option("--to", arguments.Units, "units to convert to")
         ->required()
         ->check(CLI::IsMember({"mm", "inch"}));
+
+    CLI::App* const keys = command("keys", "type a key script into the program, then print the state", [&] {
+        const auto script = ReadScript(arguments);
+        if (!script) return Failed(arguments.Script + ": the script can't be read");
+        return TypeKeys(arguments.Load, arguments.File, *script, arguments.Json, WantsColor());
+    });
+    keys->add_option("FILE", arguments.File, "program file to load first");
+    AddLoadOptions(*keys, arguments.Load);
+    CLI::Option* const script =
+        keys->add_option("--script", arguments.Script, "file with the script, - for standard input");
+    keys->add_option("--keys", arguments.Keys, "the script itself")->excludes(script);
+    keys->add_flag("--json", arguments.Json, "print the whole state as JSON");
 
     CLI::App* const fingerprint =
         command("fingerprint", "print one number that pins the behaviour over all files",

@@ -28,7 +28,7 @@ void CheckViews(const std::vector<std::string>& names)
 
 } // namespace
 
-std::optional<std::string> OpenProgram(const LoadOptions& options, const std::string& file)
+void BeginProgram(const LoadOptions& options)
 {
     Console = {};
     ThePlatform = &Console;
@@ -37,7 +37,10 @@ std::optional<std::string> OpenProgram(const LoadOptions& options, const std::st
     MachineOfName(options.Machine, machine);
     StartNew(machine, options.Units == "mm", options.Orientation == "horizontal");
     CheckViews(options.View);
+}
 
+std::optional<std::string> LoadInto(const std::string& file)
+{
     std::string bytes;
     if (const auto failure = ReadWholeFile(file, bytes)) return failure->Reason;
     if (KindOfFile(bytes) == FileKind::Language) return "this is a language module, not a program";
@@ -47,6 +50,12 @@ std::optional<std::string> OpenProgram(const LoadOptions& options, const std::st
     AfterEvent();
     if (frmMain.lblPath.Text != path) return LastRefusal();
     return std::nullopt;
+}
+
+std::optional<std::string> OpenProgram(const LoadOptions& options, const std::string& file)
+{
+    BeginProgram(options);
+    return LoadInto(file);
 }
 
 std::string LastRefusal()

@@ -24,6 +24,12 @@ extern const std::vector<std::string> ViewNames;
 /// The platform of the commands: nobody is asked, boxes and dialogs are kept.
 extern ScriptedPlatform Console;
 
+/// Starts anew with an empty program.
+void BeginProgram(const LoadOptions& options);
+
+/// Loads the file into the program that was begun. Returns why that failed.
+std::optional<std::string> LoadInto(const std::string& file);
+
 /// Starts anew and loads the file. Returns why that failed, without the file's name in front.
 std::optional<std::string> OpenProgram(const LoadOptions& options, const std::string& file);
 

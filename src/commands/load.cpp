@@ -14,6 +14,7 @@
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "ui/columns.h"
+#include "ui/focus.h"
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
 
@@ -62,12 +63,14 @@ void TakeOver(ProgramFile file, const std::string& path)
     MakeToolpositionColums();
     ShowLineCount();
     AddBlankLine(false);
+    SetFocus(frmMain.lvCncProgram);
 }
 
 } // namespace
 
 void LoadFile(const std::string& path)
 {
+    if (RefuseWhileBusy()) return;
     cmdReturn_Click();
     std::string chosen = path;
     if (chosen.empty()) {

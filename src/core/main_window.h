@@ -23,3 +23,14 @@ struct MainWindow {
     void ForEach(const std::function<void(Control&)>& visit);
 };
 extern MainWindow frmMain;
+
+/// The find dialog. It stays on top of the other windows and is hidden, not closed, between searches.
+struct FindWindow {
+    Control Window{Kind::Form, "frmFind"};
+    Control txtFind{Kind::TextBox, "txtFind", &Window};
+
+    FindWindow() { Window.Visible = false; }
+    FindWindow(const FindWindow&) = delete;
+    FindWindow& operator=(const FindWindow&) = delete;
+};
+extern FindWindow frmFind;

@@ -163,10 +163,11 @@ double SquareRoot(double value)
 std::string FormatWhole(double value, int digits)
 {
     const double nearest = std::floor(std::abs(value) + 0.5);
-    if (nearest >= 1e18) return FormatWhole(0, digits); // no cell or label can hold it
-    char text[32];
-    const char* const end = std::to_chars(text, text + sizeof text, static_cast<int64_t>(nearest)).ptr;
-    const auto length = static_cast<size_t>(end - text);
+    char text[320]; // the largest number has 309 digits
+    const bool whole = nearest < 1e18;
+    const auto length = static_cast<size_t>(
+        whole ? std::to_chars(text, text + sizeof text, static_cast<int64_t>(nearest)).ptr - text
+              : std::snprintf(text, sizeof text, "%.0f", nearest));
     const size_t zeros = static_cast<size_t>(digits) > length ? static_cast<size_t>(digits) - length : 0;
 
     std::string result;

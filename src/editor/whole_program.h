@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "core/control.h"
+
 /// Scales the program: 2.54 converts inch to metric, 1 / 2.54 the other way. Coordinates, feeds and
 /// pitches are scaled and rounded one by one, half to even; tools, line targets, pulses and the mill's
 /// spindle speed stay. A value that doesn't fit stays as it was and is logged.
@@ -15,3 +17,9 @@ void CodeDescription();
 
 /// Fills empty comments with the descriptions of their codes, or takes the automatic ones away.
 void chkViewGcode_Click();
+
+/// Empties the comment of every row, control commands included.
+void mnuDelComments_Click();
+
+/// What may be typed into the file notes: no "%", which begins the program in a file.
+char txtFileNotes_Keypress(Control& notes, char typed);

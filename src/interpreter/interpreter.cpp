@@ -14,6 +14,8 @@
 #include "ui/columns.h"
 #include "ui/panes.h"
 
+#include <optional>
+
 namespace {
 
 /// Nested calls reach numbers of lines that nobody would wait for.
@@ -172,6 +174,16 @@ Walk Jump(Pass& pass, ProgramLine& row)
     return Walk::GoOn;
 }
 
+/// G22 and M30: the walk ends behind this line.
+void EndProgram(Pass& pass)
+{
+    if (Shared.RunMode) {
+        frmMain.cmdStep.Enabled = false;
+        pass.SelectedIndex = pass.LineIndex;
+    }
+    pass.LineIndex = LineCount();
+}
+
 /// What the code of the line does.
 Walk Act(Pass& pass, ProgramLine& row)
 {
@@ -204,7 +216,7 @@ Walk Act(Pass& pass, ProgramLine& row)
     case G(92): SetRegister(pass); break;
     case M(17): return ReturnFromSub(pass, row);
     case G(22):
-    case M(30): pass.LineIndex = LineCount(); break;
+    case M(30): EndProgram(pass); break;
     case M(99):
     case M99R: return WalkArcCenter(pass, row);
     default: break;
@@ -310,11 +322,39 @@ void ShowEmptyProgram()
 void FinishPass(const Pass& pass)
 {
     SelectRow(pass.SelectedIndex);
+    if (Shared.RunMode) {
+        Shared.RunMode = false;
+        frmMain.cmdStep.Enabled = false;
+        frmMain.cmdStop.Enabled = true;
+    }
     if (Shared.LastErrorIndex == 0) HideErrorColumn();
     frmMain.lblPPMachineTime.Text = MakeTimeString(pass.TotalTime);
     ShowLineCount();
     MakeLinePropertiesColumns();
     AutoWidth();
+}
+
+/// The pass that waits in front of a line for a step.
+std::optional<Pass> WaitingPass;
+
+/// Walks on to the end, or in Run mode to the next line that has to wait.
+void WalkOn(Pass& pass)
+{
+    Walk walk = Walk::GoOn;
+    while (walk == Walk::GoOn && pass.LineIndex < LineCount()) {
+        if (Shared.RunMode) {
+            SelectRow(pass.LineIndex + 1);
+            if (!Shared.StepRequested) {
+                WaitingPass = pass;
+                return;
+            }
+            Shared.StepRequested = false;
+        }
+        ++pass.LineIndex;
+        walk = WalkLine(pass);
+    }
+    EndLoggedPass();
+    if (walk == Walk::GoOn) FinishPass(pass);
 }
 
 } // namespace
@@ -345,6 +385,7 @@ void MoveTool(Pass& pass)
 
 void Interpreter()
 {
+    WaitingPass.reset();
     BeginPass();
     const int lines = LineCount();
     if (lines < 1) {
@@ -363,11 +404,18 @@ void Interpreter()
 
     pass.LineIndex = 0;
     Shared.ArcPlane.clear();
-    Walk walk = Walk::GoOn;
-    while (walk == Walk::GoOn && pass.LineIndex < lines) {
-        ++pass.LineIndex;
-        walk = WalkLine(pass);
-    }
-    EndLoggedPass();
-    if (walk == Walk::GoOn) FinishPass(pass);
+    WalkOn(pass);
+}
+
+void ResumeInterpreter()
+{
+    if (!WaitingPass || !Shared.StepRequested) return;
+    Pass pass = *WaitingPass;
+    WaitingPass.reset();
+    WalkOn(pass);
+}
+
+void ResetInterpreter()
+{
+    WaitingPass.reset();
 }
