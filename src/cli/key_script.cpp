@@ -27,9 +27,6 @@ namespace {
 using Fault = std::optional<std::string>;
 constexpr std::nullopt_t Fine = std::nullopt;
 
-/// The script's screen in twips; its lower part belongs to the task bar.
-constexpr int ScreenWidth = 28800, WorkHeight = 15600;
-
 struct NamedKey {
     std::string_view Name;
     KeyName Key;
@@ -299,7 +296,7 @@ Fault Maximize(std::string_view rest)
         if (!Shared.Minimized) Normal = {window.Left, window.Top, window.Width, window.Height};
         Shared.Minimized = false;
         Shared.Maximized = true;
-        GiveSize(0, 0, ScreenWidth, WorkHeight);
+        GiveSize(0, 0, Shared.Screen.Width, Shared.Screen.WorkHeight);
     });
 }
 

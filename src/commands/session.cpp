@@ -51,7 +51,7 @@ constexpr Event Events[] = {
     {&W::lvCncProgram, {nullptr, nullptr, nullptr, nullptr, lvCncProgram_KeyDown}},
     {&W::txtFeedA, FeedSlots},
     {&W::txtFeedB, FeedSlots},
-    {&W::txtFileNotes, {nullptr, nullptr, nullptr, nullptr, nullptr, txtFileNotes_Keypress}},
+    {&W::txtFileNotes, {nullptr, nullptr, txtFileNotes_GotFocus, nullptr, nullptr, txtFileNotes_Keypress}},
     {&W::cmdFeedA, {cmdFeedA_Click}},
     {&W::cmdFeedB, {cmdFeedB_Click}},
     {&W::cmdInsert, {cmdInsert_Click}},
@@ -144,6 +144,7 @@ void StartNew(MachineKind machine, bool metric, bool horizontal)
     Shared.Horizontal = horizontal;
     mnuNew_Click();
     ClampFeeds();
+    FitSmallScreen();
     Form_Activate();
     SetFocus(frmMain.txtGMcode);
     AfterEvent();
@@ -154,5 +155,6 @@ void AfterEvent()
     ResumeInterpreter();
     Shared.RedrawPending = false; // nothing is drawn yet
     MendFocus();
+    frmMain.lblChanged.Text = Shared.Changed ? "*" : "";
     WriteLog();
 }

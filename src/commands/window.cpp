@@ -159,5 +159,28 @@ void Form_Activate()
 void Form_Resize()
 {
     if (Shared.Minimized) return;
+    if (Shared.Maximized && Shared.Screen.WorkHeight <= MinHeight) {
+        ShowMessage(TextOf(Messages::DragTaskBar));
+        Shared.Maximized = false;
+    }
     if (frmMain.Window.Height >= MinHeight && frmMain.Window.Width >= MinWidth) ControlsPositioning();
+}
+
+void FitSmallScreen()
+{
+    constexpr int SmallWidth = 12000, SmallHeight = 9000; // 800 × 600 pixels
+    const Screen& screen = Shared.Screen;
+    if (screen.Width > SmallWidth || screen.Height > SmallHeight) return;
+    Control& window = frmMain.Window;
+    if (screen.WorkHeight > MinHeight) {
+        Shared.Maximized = true;
+        window.Left = window.Top = 0;
+        window.Width = screen.Width;
+        window.Height = screen.WorkHeight;
+    } else {
+        ShowMessage(TextOf(Messages::LowerPartBlocked));
+        window.Width = MinWidth;
+        window.Height = MinHeight;
+    }
+    Form_Resize();
 }

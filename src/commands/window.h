@@ -26,5 +26,8 @@ void mnuExit_Click();
 
 /// The main window came to the front from another window of the program.
 void Form_Activate();
-/// The window has another size.
+/// The window has another size. On a screen that has no room for a maximised window it goes back to
+/// normal state, with a message.
 void Form_Resize();
+/// Maximises the window on a small screen, or says that the task bar covers its lower part.
+void FitSmallScreen();

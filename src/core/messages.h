@@ -54,6 +54,13 @@ inline constexpr Message Translator{&T::MessageTable, 22, ""};
 inline constexpr Message MaxRpm{&T::MessageTable, 23, "max RPM"};
 inline constexpr Message LeftAngle{&T::MessageTable, 24, "L"};
 inline constexpr Message RightAngle{&T::MessageTable, 25, "R"};
+inline constexpr Message DragTaskBar{
+    &T::MessageTable, 26,
+    "To maximise the screen, drag down taskbar until it is invisible or set it to auto hide"};
+inline constexpr Message LowerPartBlocked{
+    &T::MessageTable, 27,
+    "The lower part of your view will be blocked by the taskbar. You could drag down the taskbar until it is "
+    "invisible or set it to auto hide."};
 
 inline constexpr Message UnknownControlCommand{&T::ProgramErrorTable, 1, "!Unknown ControlCommand"};
 inline constexpr Message StartIsEnd{&T::ProgramErrorTable, 2, "!Start and End same value"};

@@ -14,7 +14,15 @@ enum class MachineKind { MK2, MK4, F1 };
 constexpr int MinWidth = 11800;
 constexpr int MinHeight = 8720;
 
+/// The screen in twips, and its height above the task bar.
+struct Screen {
+    int Width = 28800, Height = 16200, WorkHeight = 15600;
+};
+
 struct SharedState {
+    /// The front end puts its own screen here before the start.
+    ::Screen Screen;
+
     /// The profile in force. Values are in 1/100 mm when Metric, else in 1/1000 inch. Horizontal is the
     /// spindle of the F1; it keeps its value while a lathe is selected.
     MachineKind Machine = MachineKind::MK4;

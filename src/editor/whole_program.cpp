@@ -126,6 +126,12 @@ void mnuDelComments_Click()
     Shared.RedrawPending = true;
 }
 
+void txtFileNotes_GotFocus(Control& notes)
+{
+    notes.SelStart = static_cast<int>(CharacterCount(notes.Text));
+    notes.SelLength = 0;
+}
+
 char txtFileNotes_Keypress(Control& notes, char typed)
 {
     Shared.Changed = true;

@@ -21,5 +21,7 @@ void chkViewGcode_Click();
 /// Empties the comment of every row, control commands included.
 void mnuDelComments_Click();
 
+/// The caret stands at the end of the notes.
+void txtFileNotes_GotFocus(Control& notes);
 /// What may be typed into the file notes: no "%", which begins the program in a file.
 char txtFileNotes_Keypress(Control& notes, char typed);

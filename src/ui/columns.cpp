@@ -18,7 +18,6 @@ constexpr int ListBorder = 80;
 /// What the window needs beside the columns N to Time.
 constexpr int WindowBesideColumns = 8093;
 constexpr int ListLessThanWindow = 3700;
-constexpr int ScreenWidth = 28800;
 
 /// The width that a column wants, or more where a translated header needs it: 104 twips a character.
 int WidthFor(size_t cell, int wanted)
@@ -64,7 +63,7 @@ void AutoWidth()
     const auto& widths = lvCncProgram.Widths;
     const int columns = std::accumulate(widths.begin() + CellN, widths.begin() + CellComment, 0);
     frmMain.Window.Width =
-        std::min(columns + WindowBesideColumns + ActiveProfile().WidthCorrection, ScreenWidth);
+        std::min(columns + WindowBesideColumns + ActiveProfile().WidthCorrection, Shared.Screen.Width);
 }
 
 void ShowErrorColumn(int line)

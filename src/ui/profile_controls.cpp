@@ -179,6 +179,7 @@ void SetUnits(bool metric)
     Shared.Metric = metric;
     frmMain.mnuMMtoINCH.Enabled = metric;
     frmMain.mnuINCHtoMM.Enabled = !metric;
+    frmMain.lblEntryUnits.Text = metric ? "1/100 mm: 1000 = 10.00 mm" : "1/1000 inch: 1000 = 1.000 inch";
     const bool mill = Shared.Machine == MachineKind::F1;
     for (const UnitsRow& row : UnitsTable) {
         if (row.Mill != mill || row.Metric != metric || row.Horizontal != Shared.Horizontal) continue;
