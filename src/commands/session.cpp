@@ -48,7 +48,7 @@ constexpr Event Events[] = {
     {&W::txtH, FieldSlots},
     {&W::txtComment,
      {nullptr, nullptr, txtComment_GotFocus, nullptr, txtComment_KeyDown, txtComment_KeyPress}},
-    {&W::lvCncProgram, {nullptr, nullptr, nullptr, nullptr, lvCncProgram_KeyDown}},
+    {&W::lvCncProgram, {lvCncProgram_Click, nullptr, nullptr, nullptr, lvCncProgram_KeyDown}},
     {&W::txtFeedA, FeedSlots},
     {&W::txtFeedB, FeedSlots},
     {&W::txtFileNotes, {nullptr, nullptr, txtFileNotes_GotFocus, nullptr, nullptr, txtFileNotes_Keypress}},
