@@ -16,6 +16,13 @@
 
 namespace {
 
+/// The file's name without its folder, as messages name it; a path that ends in its folder as a whole.
+std::string NameInMessages(const std::string& path)
+{
+    const std::string name = FileNameOf(path);
+    return name.empty() ? path : name;
+}
+
 /// Asks for a file until one is named that may be written; no value when the user gave up.
 std::optional<std::string> AskForTarget()
 {
@@ -58,7 +65,7 @@ void SaveFile_Click(bool saveAs)
 
     if (const auto failure = ReplaceFile(path, ToCodePage(text))) {
         NoteFailure(failure->Number, "SaveFile_Click");
-        ShowMessage(FileNameOf(path) + " was not saved: " + failure->Reason, "", Icon::Exclamation);
+        ShowMessage(NameInMessages(path) + " was not saved: " + failure->Reason, "", Icon::Exclamation);
         return;
     }
     Shared.Changed = false;

@@ -55,7 +55,7 @@ struct KeyStroke {
     bool Shift = false, Ctrl = false, Alt = false;
 };
 
-/// The routines that answer a control's events; see commands/events.cpp for who sets them.
+/// The routines that answer a control's events; the table in commands/session.cpp sets them.
 struct Slots {
     void (*Click)() = nullptr;
     /// The click on an element of an array, with its index.
