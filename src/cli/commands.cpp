@@ -13,6 +13,8 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 
 namespace {
 
@@ -86,6 +88,26 @@ Outcome CheckFiles(const LoadOptions& options, const std::vector<std::string>& f
 
 namespace {
 
+/// The user's folder of a key script, removed at its end; "" when none could be made.
+class TemporaryFolder
+{
+public:
+    TemporaryFolder()
+    {
+        std::string name = (std::filesystem::temp_directory_path() / "brixley-XXXXXX").string();
+        if (mkdtemp(name.data()) != nullptr) Path = name;
+    }
+    ~TemporaryFolder()
+    {
+        std::error_code ignored;
+        if (!Path.empty()) std::filesystem::remove_all(Path, ignored);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    std::string Path;
+};
+
 /// The program as a person reads it: notes, table, key figures behind `name`.
 std::string ProgramAsText(const std::string& name, bool withColor)
 {
@@ -107,7 +129,8 @@ Outcome ShowFile(const LoadOptions& options, const std::string& file, bool asJso
 Outcome TypeKeys(const LoadOptions& options, const std::string& file, const std::string& script, bool asJson,
                  bool withColor)
 {
-    BeginProgram(options);
+    const TemporaryFolder user;
+    BeginProgram(options, user.Path);
     if (!file.empty()) {
         if (const auto why = LoadInto(file)) return Failed(file + ": " + *why);
     }

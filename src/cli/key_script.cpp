@@ -74,7 +74,7 @@ Control* FindControl(std::string name)
         window = name.substr(0, dot);
         name.erase(0, dot + 1);
     }
-    if (window == "frmFind" || (window.empty() && frmFind.Window.Visible)) {
+    if (window == "frmFind" || (window.empty() && IsFindInFront())) {
         if (name == frmFind.txtFind.Name) return &frmFind.txtFind;
     }
     if (!window.empty() && window != "frmMain") return nullptr;
@@ -84,12 +84,8 @@ Control* FindControl(std::string name)
         name.erase(bracket);
     }
     Control* found = nullptr;
-    int index = 0;
     frmMain.ForEach([&](Control& control) {
-        if (name != control.Name) return;
-        const bool array =
-            &control >= std::begin(frmMain.cmdTopButtons) && &control < std::end(frmMain.cmdTopButtons);
-        if (array ? index++ == element : element == -1) found = &control;
+        if (name == control.Name && element == control.Element) found = &control;
     });
     return found;
 }
@@ -99,13 +95,39 @@ Fault NoSuch(const std::string& what)
     return "there is no \"" + what + "\"";
 }
 
-/// Runs an action on the control that the next word names.
-template <class Action> Fault WithControl(std::string_view rest, Action action)
+/// Runs an action on the control that the next word names, which must be of a kind that `fits`.
+template <class Action> Fault WithControl(std::string_view rest, bool (*fits)(const Control&), Action action)
 {
     const std::string name = NextWord(rest);
     Control* const control = FindControl(name);
     if (control == nullptr) return NoSuch(name);
+    if (!fits(*control)) return name + " is of another kind";
     return action(*control, rest);
+}
+
+bool IsAny(const Control&)
+{
+    return true;
+}
+bool IsMenu(const Control& control)
+{
+    return control.Is == Kind::Menu;
+}
+bool IsCheckBox(const Control& control)
+{
+    return control.Is == Kind::CheckBox;
+}
+bool IsList(const Control& control)
+{
+    return control.Is == Kind::List || control.Is == Kind::Combo || control.Is == Kind::Tabs;
+}
+bool IsTextBox(const Control& control)
+{
+    return control.Is == Kind::TextBox || control.Is == Kind::Combo;
+}
+bool IsUnits(const Control& control)
+{
+    return control.In == &frmMain.frSettingsLathe || control.In == &frmMain.frSettingsMill;
 }
 
 template <class Action> Fault WithNumber(std::string_view rest, Action action)
@@ -118,16 +140,23 @@ template <class Action> Fault WithNumber(std::string_view rest, Action action)
 
 Fault Click(std::string_view rest)
 {
-    return WithControl(rest, [](Control& control, std::string_view) -> Fault {
+    return WithControl(rest, IsAny, [](Control& control, std::string_view) -> Fault {
         ClickControl(control);
+        return Fine;
+    });
+}
+
+Fault Check(std::string_view rest)
+{
+    return WithControl(rest, IsCheckBox, [](Control& box, std::string_view) -> Fault {
+        ClickControl(box);
         return Fine;
     });
 }
 
 Fault Menu(std::string_view rest)
 {
-    return WithControl(rest, [](Control& entry, std::string_view) -> Fault {
-        if (entry.Is != Kind::Menu) return std::string(entry.Name) + " is no menu entry";
+    return WithControl(rest, IsMenu, [](Control& entry, std::string_view) -> Fault {
         ChooseMenu(entry);
         return Fine;
     });
@@ -155,14 +184,14 @@ Fault Header(std::string_view rest)
 
 Fault Pick(std::string_view rest)
 {
-    return WithControl(rest, [](Control& list, std::string_view number) {
+    return WithControl(rest, IsList, [](Control& list, std::string_view number) {
         return WithNumber(number, [&](int item) { PickListItem(list, item - 1); });
     });
 }
 
 Fault GiveFocus(std::string_view rest)
 {
-    return WithControl(rest, [](Control& control, std::string_view) -> Fault {
+    return WithControl(rest, TakesFocus, [](Control& control, std::string_view) -> Fault {
         if (&control != &frmFind.txtFind) SetFocus(control);
         return Fine;
     });
@@ -170,11 +199,11 @@ Fault GiveFocus(std::string_view rest)
 
 Fault ReplaceText(std::string_view rest)
 {
-    return WithControl(rest, [](Control& box, std::string_view value) -> Fault {
+    return WithControl(rest, IsTextBox, [](Control& box, std::string_view value) -> Fault {
+        if (!IsUsable(box)) return Fine;
         SelectAll(box);
         InsertText(box, std::string(value));
         if (box.On.Change != nullptr) box.On.Change();
-        if (&box == &frmMain.txtFileNotes) Shared.Changed = true;
         return Fine;
     });
 }
@@ -185,12 +214,13 @@ Fault ChooseOption(Control& option)
     for (const Control* at = &option; at != nullptr; at = at->In) {
         if (!at->Enabled) return Fine;
     }
-    if (RefuseWhileBusy()) return Fine;
     if (IsUsable(option)) {
         ClickControl(option);
-    } else {
-        Choose(option);
+        return Fine;
     }
+    // On a tab that isn't shown it can't keep the focus, but the field that is left is judged first.
+    SetFocus(frmMain.lvCncProgram);
+    if (HasFocus(frmMain.lvCncProgram) && !RefuseWhileBusy()) Choose(option);
     return Fine;
 }
 
@@ -205,7 +235,7 @@ Fault ChooseMachine(std::string_view rest)
 
 Fault ChooseUnits(std::string_view rest)
 {
-    return WithControl(rest, [](Control& option, std::string_view) { return ChooseOption(option); });
+    return WithControl(rest, IsUnits, [](Control& option, std::string_view) { return ChooseOption(option); });
 }
 
 Fault AnswerBox(std::string_view rest)
@@ -255,7 +285,9 @@ template <class Action> Fault WithWindow(std::string_view rest, Action action)
 
 Fault Activate(std::string_view rest)
 {
-    return WithWindow(rest, [](std::string_view) { HideFind(); });
+    std::string_view words = rest;
+    if (NextWord(words) == "frmFind") BringFindToFront();
+    return WithWindow(rest, [](std::string_view) { BringMainToFront(); });
 }
 
 void GiveSize(int left, int top, int width, int height)
@@ -277,6 +309,7 @@ Fault Resize(std::string_view rest)
             fault = "a size is missing";
             return;
         }
+        Shared.Maximized = Shared.Minimized = false;
         GiveSize(frmMain.Window.Left, frmMain.Window.Top, *width, *height);
     });
     return window ? window : fault;
@@ -313,6 +346,10 @@ Fault Minimize(std::string_view rest)
 Fault Restore(std::string_view rest)
 {
     return WithWindow(rest, [](std::string_view) {
+        if (Shared.Minimized && Shared.Maximized) {
+            Shared.Minimized = false; // back to where it was
+            return;
+        }
         if (!Shared.Maximized && !Shared.Minimized) return;
         Shared.Maximized = Shared.Minimized = false;
         GiveSize(Normal.Left, Normal.Top, Normal.Width, Normal.Height);
@@ -350,7 +387,7 @@ struct ItemRoutine {
 };
 constexpr ItemRoutine Items[] = {
     {"CLICK", Click},
-    {"CHECK", Click},
+    {"CHECK", Check},
     {"MENU", Menu},
     {"ROW", Row},
     {"RIGHTROW", Row},

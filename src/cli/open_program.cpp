@@ -28,9 +28,10 @@ void CheckViews(const std::vector<std::string>& names)
 
 } // namespace
 
-void BeginProgram(const LoadOptions& options)
+void BeginProgram(const LoadOptions& options, const std::string& dataFolder)
 {
     Console = {};
+    Console.DataFolder = dataFolder;
     ThePlatform = &Console;
     ResetState();
     MachineKind machine = MachineKind::MK4;

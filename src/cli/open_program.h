@@ -24,8 +24,8 @@ extern const std::vector<std::string> ViewNames;
 /// The platform of the commands: nobody is asked, boxes and dialogs are kept.
 extern ScriptedPlatform Console;
 
-/// Starts anew with an empty program.
-void BeginProgram(const LoadOptions& options);
+/// Starts anew with an empty program. The user's data lies in dataFolder; "" for a run that has none.
+void BeginProgram(const LoadOptions& options, const std::string& dataFolder = "");
 
 /// Loads the file into the program that was begun. Returns why that failed.
 std::optional<std::string> LoadInto(const std::string& file);

@@ -6,6 +6,7 @@
 #include "core/profile.h"
 #include "core/program_list.h"
 
+#include "editor/find.h"
 #include "ui/focus.h"
 #include "ui/text_box.h"
 
@@ -114,15 +115,21 @@ Json ControlState(const Control& control)
         break;
     default: break;
     }
-    if (control.Placed) {
-        json["left"] = control.Left;
-        json["top"] = control.Top;
-        json["width"] = control.Width;
-        json["height"] = control.Height;
+    const std::pair<const char*, int> places[] = {
+        {"left", control.Left}, {"top", control.Top}, {"width", control.Width}, {"height", control.Height}};
+    for (const auto& [name, value] : places) {
+        if (value != Unset) json[name] = value;
     }
     if (control.Back >= 0) json["back"] = ColorText(control.Back);
     if (control.Fore >= 0) json["fore"] = ColorText(control.Fore);
     return json;
+}
+
+/// The name that a script uses: an element of an array with its index.
+std::string FullName(const Control& control)
+{
+    const std::string name = control.Name;
+    return control.Element < 0 ? name : name + "(" + std::to_string(control.Element) + ")";
 }
 
 Json Controls()
@@ -131,14 +138,7 @@ Json Controls()
     Json window = ControlState(frmMain.Window);
     window["state"] = Shared.Minimized ? "minimized" : Shared.Maximized ? "maximized" : "normal";
     controls["frmMain"] = window;
-    const Control* const toolBar = frmMain.cmdTopButtons;
-    frmMain.ForEach([&](Control& control) {
-        std::string name = control.Name;
-        if (&control >= toolBar && &control < toolBar + std::size(frmMain.cmdTopButtons)) {
-            name += "(" + std::to_string(&control - toolBar) + ")";
-        }
-        controls[name] = ControlState(control);
-    });
+    frmMain.ForEach([&](Control& control) { controls[FullName(control)] = ControlState(control); });
     controls["txtFind"] = ControlState(frmFind.txtFind);
     return controls;
 }
@@ -216,9 +216,9 @@ std::string StateAsJson()
 std::string WindowStateAsJson()
 {
     Json state = State();
-    const bool finding = frmFind.Window.Visible;
+    const bool finding = IsFindInFront();
     const Control* const focused = finding ? &frmFind.txtFind : Focused();
-    state["focus"] = focused != nullptr ? focused->Name : "";
+    state["focus"] = focused != nullptr ? FullName(*focused) : "";
     state["activeWindow"] = finding ? "frmFind" : "frmMain";
     state["title"] = frmMain.Window.Text;
     state["ended"] = Shared.Ended;

@@ -36,6 +36,8 @@ struct ButtonShortcut {
 constexpr ButtonShortcut ButtonShortcuts[] = {
     {'D', &W::cmdDelete}, {'I', &W::cmdInsert}, {'R', &W::cmdRun}, {'S', &W::cmdStep}};
 
+} // namespace
+
 bool TakesFocus(const Control& control)
 {
     switch (control.Is) {
@@ -51,6 +53,8 @@ bool TakesFocus(const Control& control)
     }
 }
 
+namespace {
+
 /// Gives the focus as a click does; false when the field that was left took it back.
 bool TakeFocusByClick(Control& control)
 {
@@ -59,14 +63,9 @@ bool TakeFocusByClick(Control& control)
     return HasFocus(control);
 }
 
-int IndexInToolBar(const Control& control)
-{
-    return static_cast<int>(&control - frmMain.cmdTopButtons);
-}
-
 void RunClick(Control& control)
 {
-    if (control.On.ClickElement != nullptr) control.On.ClickElement(IndexInToolBar(control));
+    if (control.On.ClickElement != nullptr) control.On.ClickElement(control.Element);
     if (control.On.Click != nullptr) control.On.Click();
 }
 
@@ -74,9 +73,10 @@ void RunClick(Control& control)
 void SelectNextMessage(int step)
 {
     const int lines = LineCount();
+    // Behind the last line the next one is the first, and the previous one the last.
+    const int from = step > 0 ? std::min(lvCncProgram.Selected, lines) : lvCncProgram.Selected;
     for (int i = 1; i <= lines; ++i) {
-        const int row =
-            ((std::clamp(lvCncProgram.Selected, 1, lines) - 1 + step * i) % lines + lines) % lines + 1;
+        const int row = ((from - 1 + step * i) % lines + lines) % lines + 1;
         if (lvCncProgram.Row(row)[CellError].find_first_not_of(' ') == std::string::npos) continue;
         SelectRow(row);
         SetFocus(frmMain.lvCncProgram);
@@ -111,16 +111,11 @@ bool RunShortcut(const KeyStroke& key)
     return false;
 }
 
-/// [ESC] closes a page over the list, else it goes to the list.
+/// [ESC] closes what lies over the list and goes to the list.
 void Escape()
 {
-    for (const Control* page :
-         {&frmMain.rtfHelp, &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4, &frmMain.rtfAbout}) {
-        if (page->Visible) {
-            cmdReturn_Click();
-            return;
-        }
-    }
+    const bool picture = frmMain.picZXaxes.Visible || frmMain.picXYaxes.Visible;
+    if (IsHelpUp() || picture) cmdReturn_Click();
     SetFocus(frmMain.lvCncProgram);
 }
 
@@ -167,6 +162,7 @@ void UseControl(Control& control, const KeyStroke& key)
     case Kind::Tabs: {
         const int step = key.Name == KeyName::Down ? 1 : key.Name == KeyName::Up ? -1 : 0;
         if (step != 0) PickListItem(control, control.Index + step);
+        if (step == 0 && control.Is == Kind::Combo) TypeInto(control, key);
         break;
     }
     default:
@@ -178,7 +174,7 @@ void UseControl(Control& control, const KeyStroke& key)
 
 void PressKey(const KeyStroke& key)
 {
-    if (frmFind.Window.Visible) {
+    if (IsFindInFront()) {
         if (key.Name == KeyName::Escape) {
             HideFind();
         } else {
@@ -198,6 +194,7 @@ void PressKey(const KeyStroke& key)
 
 void ClickControl(Control& control)
 {
+    BringMainToFront();
     if (!IsUsable(control) || !TakeFocusByClick(control)) return;
     if (control.Is == Kind::CheckBox) {
         SetCheck(control, control.Value == 0);
@@ -220,14 +217,17 @@ void ChooseMenu(Control& entry)
 void PickListItem(Control& list, int index)
 {
     if (index < 0 || index >= static_cast<int>(list.Items.size())) return;
+    BringMainToFront();
     if (!IsUsable(list) || !TakeFocusByClick(list)) return;
     list.Index = index;
+    if (list.Is == Kind::Combo) list.Text = list.Items[static_cast<size_t>(index)];
     RunClick(list);
 }
 
 void ClickRow(int row)
 {
     if (row < 1 || row > lvCncProgram.RowCount()) return;
+    BringMainToFront();
     SetFocus(frmMain.lvCncProgram);
     SelectRow(row);
     lvCncProgram_Click();

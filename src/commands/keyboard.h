@@ -8,6 +8,9 @@
 /// what they leave is typed into the control as its widget would do it.
 void PressKey(const KeyStroke& key);
 
+/// Whether the control is of a kind that takes the focus: not menus, labels, frames, pictures.
+bool TakesFocus(const Control& control);
+
 /// The user clicks a control: it takes the focus if it is of a kind that does, then its Click runs. Does
 /// nothing on one that isn't usable, or when the field that was left took the focus back. Check boxes
 /// and options change their value first.

@@ -4,6 +4,7 @@
 #include "commands/program.h"
 #include "commands/save.h"
 #include "commands/window.h"
+#include "core/app_data.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/messages.h"
@@ -18,6 +19,7 @@
 #include "editor/whole_program.h"
 #include "interpreter/interpreter.h"
 #include "interpreter/limits.h"
+#include "platform/files.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
@@ -51,7 +53,8 @@ constexpr Event Events[] = {
     {&W::lvCncProgram, {lvCncProgram_Click, nullptr, nullptr, nullptr, lvCncProgram_KeyDown}},
     {&W::txtFeedA, FeedSlots},
     {&W::txtFeedB, FeedSlots},
-    {&W::txtFileNotes, {nullptr, nullptr, txtFileNotes_GotFocus, nullptr, nullptr, txtFileNotes_Keypress}},
+    {&W::txtFileNotes,
+     {nullptr, nullptr, txtFileNotes_GotFocus, nullptr, nullptr, txtFileNotes_Keypress, txtFileNotes_Change}},
     {&W::cmdFeedA, {cmdFeedA_Click}},
     {&W::cmdFeedB, {cmdFeedB_Click}},
     {&W::cmdInsert, {cmdInsert_Click}},
@@ -133,12 +136,16 @@ void ResetState()
     ResetInterpreter();
     for (const Event& event : Events) (frmMain.*event.Of).On = event.On;
     for (Control& button : frmMain.cmdTopButtons) button.On.ClickElement = cmdTopButtons_Click;
+    frmMain.Window.On.Change = Form_Resize;
     frmFind.txtFind.On = {nullptr, nullptr,          txtFind_GotFocus, nullptr,
                           nullptr, txtFind_KeyPress, txtFind_Change};
 }
 
 void StartNew(MachineKind machine, bool metric, bool horizontal)
 {
+    if (const std::string folder = AppDataPath(); !folder.empty()) {
+        if (const auto failure = MakeFolders(folder)) NoteFailure(failure->Number, "Form_Load");
+    }
     Shared.Machine = machine;
     Shared.Metric = metric;
     Shared.Horizontal = horizontal;

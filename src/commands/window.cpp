@@ -9,6 +9,7 @@
 #include "core/program_list.h"
 #include "core/shared_state.h"
 #include "editor/feeds.h"
+#include "editor/run.h"
 #include "interpreter/interpreter.h"
 #include "platform/platform.h"
 #include "ui/columns.h"
@@ -50,10 +51,11 @@ void ToggleAxes(Control& picture)
 
 void ChooseColor(float& color)
 {
+    if (RefuseWhileBusy()) return;
     const auto chosen = ThePlatform->AskForColor(static_cast<int>(color));
     if (!chosen) return;
     color = static_cast<float>(*chosen);
-    ControlsPositioning();
+    ShowLineColors();
     Interpreter();
 }
 
@@ -137,6 +139,7 @@ void mnuExit_Click()
         const Answer answer = ThePlatform->Show(box);
         if (answer == Answer::Cancel) return;
         if (answer == Answer::Yes) {
+            if (Shared.RunLocked) cmdStop_Click();
             mnuSave_Click();
             if (Shared.Changed) return;
         }

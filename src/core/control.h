@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -71,9 +72,14 @@ struct Slots {
     void (*Change)() = nullptr;
 };
 
+/// A place or size that no routine has set.
+constexpr int Unset = std::numeric_limits<int>::min();
+
 struct Control {
     Kind Is = Kind::Label;
     const char* Name = "";
+    /// Index in an array of controls, -1 for a control of its own.
+    int Element = -1;
     /// The container, null for a window.
     Control* In = nullptr;
     /// Caption of labels, buttons, frames, boxes and menu entries; the content of text boxes.
@@ -96,8 +102,7 @@ struct Control {
     std::vector<std::string> Items = {};
     int Index = -1;
     /// Place and size in twips (15 to a pixel at the standard setting), where a routine sets them.
-    int Left = 0, Top = 0, Width = 0, Height = 0;
-    bool Placed = false;
+    int Left = Unset, Top = Unset, Width = Unset, Height = Unset;
     /// Colours in blue-green-red order, -1 where no routine sets one.
     int Back = -1, Fore = -1;
     Slots On = {};

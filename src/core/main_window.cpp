@@ -12,6 +12,7 @@ MainWindow::MainWindow()
     for (Control & element : name) {                                                                         \
         element.Is = Kind::kind;                                                                             \
         element.Name = #name;                                                                                \
+        element.Element = static_cast<int>(&element - name);                                               \
         element.In = &in;                                                                                    \
     }
 #include "core/main_window.def"
@@ -23,7 +24,6 @@ MainWindow::MainWindow()
     Window.Top = 2800;
     Window.Width = 15000;
     Window.Height = 10000;
-    Window.Placed = true;
 
     lstMK2Gcodes.Items = MK2Gcodes();
     lstMK4Gcodes.Items = MK4Gcodes();

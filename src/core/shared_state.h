@@ -85,6 +85,8 @@ struct SharedState {
     bool FeedButtonsOn = false;
     /// A row is being activated: its values are shown, not judged.
     bool Activating = false;
+    /// The find dialog, while it is shown, has the keys.
+    bool FindInFront = false;
     /// The next search goes on behind the selected row.
     bool FindNext = false;
     /// The caption that the entry frame returns to when the program is cleared.

@@ -67,7 +67,7 @@ bool IsNewCode(const std::string& code)
 bool MayDescribe()
 {
     const std::string& comment = frmMain.txtComment.Text;
-    return frmMain.chkViewGcode.Value == 1 && (comment.empty() || comment.starts_with(AutomaticComment));
+    return frmMain.chkViewGcode.Value == 1 && (IsBlank(comment) || comment.starts_with(AutomaticComment));
 }
 
 /// What a picked item sets; `sister` is the machine's other list.
@@ -147,7 +147,18 @@ void txtGMcode_LostFocus(Control& box)
         }
         if (MayDescribe()) CodeDescription();
     }
-    if (frmMain.chkViewGcode.Value == 1 && frmMain.txtComment.Text.empty()) CodeDescription();
+    if (frmMain.chkViewGcode.Value == 1 && IsBlank(frmMain.txtComment.Text)) CodeDescription();
+}
+
+bool CompleteCode()
+{
+    Control& box = frmMain.txtGMcode;
+    const std::string completed = CompletedCode(box.Text);
+    if (box.Text == completed) return true;
+    box.Text = completed;
+    if (IsKnown(completed)) return true;
+    RefuseCode(box);
+    return false;
 }
 
 void lstMK2Gcodes_Click()

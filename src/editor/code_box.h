@@ -17,6 +17,10 @@ void lstMK4Mcodes_Click();
 void lstF1Gcodes_Click();
 void lstF1Mcodes_Click();
 
+/// Completes a code that was left half typed ("5" becomes "05"). False when it isn't known; the user was
+/// told, and the cursor is in the code box.
+bool CompleteCode();
+
 /// Picks the first item of the machine's list whose first 4 characters are the code's, in any case; a
 /// code that stands in no list changes nothing. Clears the selection of all lists first.
 void PickCode(const std::string& code);

@@ -13,6 +13,9 @@
 
 namespace {
 
+/// A preset is never below it; so a word with a letter, which reads 0, never matches one.
+constexpr double SmallestPreset = 2;
+
 /// The preset that was last taken over from a box: its trimmed text and a blank.
 std::string& PresetOf(const Control& box)
 {
@@ -24,12 +27,12 @@ void Take(const Control& box)
     PresetOf(box) = std::string(Trimmed(box.Text)) + " ";
 }
 
-/// Every plain value of the program that equals the old preset becomes the new one. A word with a letter
-/// reads 0 and never matches.
+/// Every plain value of the program that equals the old preset becomes the new one.
 void ReplaceFeed(const Control& box)
 {
     if (LineCount() < 1) return;
     const double old = Val(PresetOf(box));
+    if (old < SmallestPreset) return;
     for (int i = 1; i <= LineCount(); ++i) {
         std::string& cell = lvCncProgram.Row(i)[CellF];
         if (Val(cell) != old) continue;

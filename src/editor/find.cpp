@@ -32,9 +32,25 @@ void FindInProgram()
 
 } // namespace
 
+bool IsFindInFront()
+{
+    return frmFind.Window.Visible && Shared.FindInFront;
+}
+
+void BringFindToFront()
+{
+    Shared.FindInFront = true;
+}
+
+void BringMainToFront()
+{
+    Shared.FindInFront = false;
+}
+
 void mnuFind_click()
 {
     frmFind.Window.Visible = true;
+    BringFindToFront();
     txtFind_GotFocus(frmFind.txtFind);
 }
 

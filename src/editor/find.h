@@ -6,6 +6,10 @@
 
 /// Shows the find dialog with its text selected.
 void mnuFind_click();
+/// Whether keys go to the dialog. It stays on top when the main window comes to the front.
+bool IsFindInFront();
+void BringFindToFront();
+void BringMainToFront();
 /// The user closed the dialog, or [ESC].
 void HideFind();
 

@@ -1,5 +1,6 @@
 #include "editor/lines.h"
 
+#include "core/codes.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/messages.h"
@@ -7,8 +8,10 @@
 #include "core/profile.h"
 #include "core/program_list.h"
 #include "core/text.h"
+#include "editor/code_box.h"
 #include "editor/entry.h"
 #include "editor/fields.h"
+#include "editor/value_entry.h"
 #include "editor/whole_program.h"
 #include "interpreter/interpreter.h"
 #include "platform/platform.h"
@@ -75,8 +78,9 @@ ProgramLine EmptyLine(int number)
 bool WriteEntry()
 {
     HideAxesPictures();
+    if (frmMain.txtGMcode.Text.empty() || lvCncProgram.Selected == 0) return false;
+    if (!CompleteCode() || !WorkOutFields()) return false;
     const std::string& code = frmMain.txtGMcode.Text;
-    if (code.empty() || lvCncProgram.Selected == 0) return false;
     std::string& fourth = frmMain.txtFKTL.Text;
     if (code == "06") {
         if (fourth.empty()) fourth = "01";
@@ -85,7 +89,7 @@ bool WriteEntry()
     }
 
     Shared.Changed = true;
-    if (frmMain.chkViewGcode.Value == 1 && frmMain.txtComment.Text.empty()) CodeDescription();
+    if (frmMain.chkViewGcode.Value == 1 && IsBlank(frmMain.txtComment.Text)) CodeDescription();
     ProgramLine& row = lvCncProgram.Row(lvCncProgram.Selected);
     const std::string& letter = frmMain.lblGMcode.Text;
     row[CellCode] = letter == "G" ? " " + code + " " : letter + std::string(FirstCharacters(code + " ", 3));
@@ -128,8 +132,10 @@ void LineInsert()
     ProgramLine& row = lvCncProgram.Row(at);
     row[CellComment].clear();
     if (frmMain.chkViewGcode.Value == 1) {
+        const std::string typed = frmMain.txtComment.Text;
         CodeDescription();
         row[CellComment] = frmMain.txtComment.Text;
+        if (!IsBlank(typed) && !typed.starts_with(AutomaticComment)) frmMain.txtComment.Text = typed;
     }
     Interpreter();
     AddBlankLine(false);

@@ -39,11 +39,13 @@ std::vector<Term> TermsOf(std::string_view text)
 double Apply(double result, char operation, double term)
 {
     switch (operation) {
-    case '+': return result + term;
-    case '-': return result - term;
-    case '*': return result * term;
-    default: return Divide(result, term);
+    case '+': result += term; break;
+    case '-': result -= term; break;
+    case '*': result *= term; break;
+    default: result = Divide(result, term);
     }
+    if (std::isinf(result)) throw RunTimeFailure{Failures::Overflow};
+    return result;
 }
 
 /// The terms of a sum; one behind the tenth is no element.

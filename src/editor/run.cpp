@@ -16,6 +16,7 @@ void cmdRun_Click()
         ShowMessage(TextOf(Messages::NoLines));
         return;
     }
+    HideAxesPictures();
     Shared.RunMode = Shared.RunLocked = true;
     ControlsEnable(false);
     frmMain.cmdRun.Visible = false;

@@ -144,6 +144,17 @@ void Field_LostFocus(Control& field)
     if (!Shared.Activating) EvalText(field);
 }
 
+bool WorkOutFields()
+{
+    for (Control* field : {&frmMain.txtXI, &frmMain.txtYJ, &frmMain.txtZK, &frmMain.txtFKTL, &frmMain.txtH}) {
+        if (!field->Visible || IsBlank(field->Text) || IsNumeric(field->Text)) continue;
+        field->Text = MathString(field->Text);
+        EvalText(*field);
+        if (field->Text.empty()) return false;
+    }
+    return true;
+}
+
 void EvalText(Control& field)
 {
     if (field.Text.empty()) return;

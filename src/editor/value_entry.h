@@ -20,6 +20,10 @@ char txtComment_KeyPress(Control& box, char typed);
 bool txtComment_KeyDown(Control& box, const KeyStroke& key);
 void txtComment_GotFocus(Control& box);
 
+/// Works out the fields that lost the cursor without their LostFocus, so that no half-typed sum is
+/// written. False when one has no value; the cursor is then back in it.
+bool WorkOutFields();
+
 /// Checks a field against its limit string, tells the user and empties the field when it is refused.
 void EvalText(Control& field);
 

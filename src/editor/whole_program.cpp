@@ -132,6 +132,11 @@ void txtFileNotes_GotFocus(Control& notes)
     notes.SelLength = 0;
 }
 
+void txtFileNotes_Change()
+{
+    Shared.Changed = true;
+}
+
 char txtFileNotes_Keypress(Control& notes, char typed)
 {
     Shared.Changed = true;

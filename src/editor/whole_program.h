@@ -23,5 +23,7 @@ void mnuDelComments_Click();
 
 /// The caret stands at the end of the notes.
 void txtFileNotes_GotFocus(Control& notes);
+/// The notes are part of the file.
+void txtFileNotes_Change();
 /// What may be typed into the file notes: no "%", which begins the program in a file.
 char txtFileNotes_Keypress(Control& notes, char typed);

@@ -59,11 +59,14 @@ void MakeMachineTimeColumn()
 
 void AutoWidth()
 {
-    if (!Shared.AutoWidthOn) return;
+    if (!Shared.AutoWidthOn || Shared.Minimized || Shared.Maximized) return;
     const auto& widths = lvCncProgram.Widths;
     const int columns = std::accumulate(widths.begin() + CellN, widths.begin() + CellComment, 0);
-    frmMain.Window.Width =
-        std::min(columns + WindowBesideColumns + ActiveProfile().WidthCorrection, Shared.Screen.Width);
+    Control& window = frmMain.Window;
+    const int wanted = columns + WindowBesideColumns + ActiveProfile().WidthCorrection;
+    const int before = window.Width;
+    window.Width = std::min(wanted, Shared.Screen.Width);
+    if (window.Width != before && window.On.Change != nullptr) window.On.Change();
 }
 
 void ShowErrorColumn(int line)

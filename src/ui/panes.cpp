@@ -115,12 +115,18 @@ bool RefuseWhileBusy()
 
 void cmdReturn_Click()
 {
-    ControlsEnable(true);
+    if (!Shared.RunLocked) ControlsEnable(true);
     for (Control* over :
          {&frmMain.cmdReturn, &frmMain.rtfAbout, &frmMain.lstAbout, &frmMain.rtfHelp,
           &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4, &frmMain.picXYaxes, &frmMain.picZXaxes}) {
         over->Visible = false;
     }
+}
+
+bool IsHelpUp()
+{
+    return frmMain.rtfHelp.Visible || frmMain.rtfGcodeHelpMK2.Visible || frmMain.rtfGcodeHelpMK4.Visible ||
+           frmMain.rtfAbout.Visible;
 }
 
 void HideAxesPictures()

@@ -18,6 +18,9 @@ bool RefuseWhileBusy();
 /// Closes whatever lies over the list (help pages, axes pictures) and unlocks the window.
 void cmdReturn_Click();
 
+/// Whether a help page lies over the list.
+bool IsHelpUp();
+
 /// Hides the axes pictures and the button that leads back from them.
 void HideAxesPictures();
 

@@ -64,7 +64,6 @@ void Place(Control& control, int left, int top, int width, int height)
     control.Top = top;
     control.Width = width;
     control.Height = height;
-    control.Placed = true;
 }
 
 /// Everything that lies over the list takes its rectangle; a picture stands 20 inside it.
@@ -82,16 +81,34 @@ void PlaceList()
     lvCncProgram.VisibleRows = std::max(1, (height - HeaderHeight) / RowHeight);
 }
 
+/// What stands at a distance from the window's right or lower edge.
+void PlacePanes()
+{
+    const int width = frmMain.Window.Width, height = frmMain.Window.Height;
+    frmMain.frControlPanel.Width = width - 3740;
+    frmMain.frView.Left = width - 6700;
+    frmMain.frSetReplace.Left = width - 8180;
+    for (Control* bottom : {&frmMain.frEntry, &frmMain.frCmdEditor1, &frmMain.frCmdEditor2,
+                            &frmMain.frCmdEditor3, &frmMain.frAxesProperties, &frmMain.frProgramProperties}) {
+        bottom->Top = height - 2000;
+    }
+    for (Control* right :
+         {&frmMain.lstMK2Gcodes, &frmMain.lstMK2Mcodes, &frmMain.lstMK4Gcodes, &frmMain.lstMK4Mcodes,
+          &frmMain.lstF1Gcodes, &frmMain.lstF1Mcodes, &frmMain.tabSettings}) {
+        right->Left = width - 3700;
+    }
+}
+
 /// Run and Step, or during a transmission Stop alone.
 void PlaceRunButtons()
 {
+    if (Shared.RunLocked) return; // they are the only way out of a run
     const bool sending = Shared.Transmitting;
     if (sending) frmMain.frCmdEditor3.Enabled = true;
     frmMain.cmdRun.Visible = frmMain.cmdStep.Visible = !sending;
     frmMain.cmdStop.Visible = frmMain.cmdStop.Enabled = sending;
     frmMain.cmdStop.Left = sending ? 200 : 640;
     frmMain.cmdStop.Width = sending ? 860 : 400;
-    frmMain.cmdStop.Placed = true;
 }
 
 /// On a wide window the notes have room of their own; on a small one the user chooses between notes and
@@ -106,7 +123,7 @@ void ShowNotesOrProperties()
     if (checked) {
         properties.Visible = width > PropertiesFit;
         frmMain.chkViewFileNotes.Enabled = !properties.Visible;
-        if (!properties.Visible) axes.Visible = width > AxesFit;
+        axes.Visible = width > AxesFit;
     } else {
         axes.Visible = properties.Visible = true;
         frmMain.chkViewFileNotes.Enabled = width <= BothFit;
@@ -136,7 +153,6 @@ void PlaceToolBar()
     buttons[4].Visible = room >= 7;
     int left = 120;
     for (Control& button : buttons) {
-        button.Placed = true;
         if (!button.Visible) continue;
         button.Left = left;
         left += 600;
@@ -151,6 +167,8 @@ void ShowPaths()
     frmMain.txtSettingsAppDataFolderName.Text = AppDataPath();
 }
 
+} // namespace
+
 void ShowLineColors()
 {
     frmMain.lblSettingsIncrColor.Back = static_cast<int>(Shared.IncrColor);
@@ -160,6 +178,8 @@ void ShowLineColors()
         label->Fore = label->Back == White ? 0 : White;
     }
 }
+
+namespace {
 
 } // namespace
 
@@ -195,11 +215,12 @@ void ControlsPositioning()
         frmMain.Window.Width = std::max(frmMain.Window.Width, MinWidth);
         frmMain.Window.Height = std::max(frmMain.Window.Height, MinHeight);
     }
+    PlacePanes();
     PlaceList();
     PlaceRunButtons();
     frmMain.lblPath.ToolTip = frmMain.lblPath.Text;
     ShowLineColors();
-    HideAxesPictures();
+    if (!IsHelpUp()) HideAxesPictures();
     ShowPaths();
     ApplyProfileToControls();
 
