@@ -22,11 +22,12 @@ namespace {
 /// is replaced.
 Outcome SaveTo(const std::string& target)
 {
+    if (target.empty()) return Failed("no file is named behind -o");
     Console.Boxes.clear();
     Console.Files = {target};
     mnuSaveAs_Click();
     AfterEvent();
-    if (const std::string refusal = LastRefusal(); !refusal.empty()) return Failed(refusal);
+    if (const std::string refusal = LastRefusal(); !refusal.empty()) return Failed(target + ": " + refusal);
     if (frmMain.lblPath.Text != target) return Failed(target + " was not saved");
     return {};
 }

@@ -20,7 +20,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <filesystem>
 
 namespace {
 
@@ -257,9 +256,7 @@ Fault AnswerFile(std::string_view rest)
         Console.Files.push_back(std::nullopt);
         return Fine;
     }
-    std::error_code ignored;
-    Console.Files.push_back(
-        std::filesystem::absolute(std::string(rest), ignored).lexically_normal().string());
+    Console.Files.push_back(AbsolutePath(std::string(rest)));
     return Fine;
 }
 

@@ -9,6 +9,7 @@
 #include <CLI/Formatter.hpp>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -37,6 +38,7 @@ void AddLoadOptions(CLI::App& command, LoadOptions& options)
         ->capture_default_str();
     command.add_option("--view", options.View, "boxes of the View frame: gcode,toolpos,properties,time")
         ->delimiter(',')
+        ->allow_extra_args(false)
         ->check(CLI::IsMember(ViewNames));
 }
 
@@ -69,6 +71,7 @@ void AddListingOptions(CLI::App& command, Arguments& arguments)
     AddFile(command, arguments);
     command.add_option("--columns", arguments.Columns, "columns to print: gcode,toolpos,properties,time")
         ->delimiter(',')
+        ->allow_extra_args(false)
         ->check(CLI::IsMember(ViewNames));
 }
 
@@ -170,6 +173,7 @@ constexpr Command Commands[] = {
 
 int main(int argc, char** argv)
 {
+    std::signal(SIGXFSZ, SIG_IGN); // a limit on file sizes is then a failed write with a message
     CLI::App app("Checks, shows, types, converts and writes part programs of small Emco training machines.",
                  "brixley-cli");
     app.set_version_flag("--version", std::string("brixley-cli ") + ProductVersion);

@@ -28,6 +28,14 @@ void CheckViews(const std::vector<std::string>& names)
 
 } // namespace
 
+std::string AbsolutePath(const std::string& file)
+{
+    std::error_code failed;
+    const std::filesystem::path path = std::filesystem::absolute(file, failed);
+    const std::filesystem::path folder = std::filesystem::canonical(path.parent_path(), failed);
+    return failed ? path.string() : (folder / path.filename()).string();
+}
+
 void BeginProgram(const LoadOptions& options, const std::string& dataFolder)
 {
     Console = {};
@@ -45,8 +53,7 @@ std::optional<std::string> LoadInto(const std::string& file)
     std::string bytes;
     if (const auto failure = ReadWholeFile(file, bytes)) return failure->Reason;
     if (KindOfFile(bytes) == FileKind::Language) return "this is a language module, not a program";
-    std::error_code ignored;
-    const std::string path = std::filesystem::absolute(file, ignored).lexically_normal().string();
+    const std::string path = AbsolutePath(file);
     LoadFile(path);
     AfterEvent();
     if (frmMain.lblPath.Text != path) return LastRefusal();

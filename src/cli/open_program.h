@@ -24,6 +24,9 @@ extern const std::vector<std::string> ViewNames;
 /// The platform of the commands: nobody is asked, boxes and dialogs are kept.
 extern ScriptedPlatform Console;
 
+/// The file's path from the root on; links in its folders are followed, the file itself may be one.
+std::string AbsolutePath(const std::string& file);
+
 /// Starts anew with an empty program. The user's data lies in dataFolder; "" for a run that has none.
 void BeginProgram(const LoadOptions& options, const std::string& dataFolder = "");
 

@@ -74,11 +74,7 @@ void LoadFile(const std::string& path)
     cmdReturn_Click();
     std::string chosen = path;
     if (chosen.empty()) {
-        chosen =
-            ThePlatform
-                ->AskForFile({FileDialog::Purpose::Open, "",
-                              "cnc files (*.txt or *.cnc or *.c5n)|*.cnc;*.txt;*.c5n|All Files (*.*)|*.*|"})
-                .value_or("");
+        chosen = ThePlatform->AskForFile({FileDialog::Purpose::Open, "", ProgramFileFilter}).value_or("");
     }
     if (chosen.empty() || !FileExists(chosen)) return;
 

@@ -8,6 +8,7 @@
 #include "core/shared_state.h"
 #include "core/text.h"
 #include "editor/lines.h"
+#include "files/reader.h"
 #include "files/writer.h"
 #include "platform/files.h"
 #include "platform/platform.h"
@@ -27,9 +28,8 @@ std::string NameInMessages(const std::string& path)
 std::optional<std::string> AskForTarget()
 {
     for (;;) {
-        const auto name = ThePlatform->AskForFile(
-            {FileDialog::Purpose::Save, frmMain.lblPath.Text,
-             "cnc files (*.txt or *.cnc or *.c5n)|*.cnc;*.txt;*.c5n|All Files (*.*)|*.*|"});
+        const auto name =
+            ThePlatform->AskForFile({FileDialog::Purpose::Save, frmMain.lblPath.Text, ProgramFileFilter});
         if (!name) return std::nullopt;
         if (name->empty()) {
             ShowMessage(TextOf(Messages::NoFile));
@@ -65,7 +65,7 @@ void SaveFile_Click(bool saveAs)
 
     if (const auto failure = ReplaceFile(path, ToCodePage(text))) {
         NoteFailure(failure->Number, "SaveFile_Click");
-        ShowMessage(NameInMessages(path) + " was not saved: " + failure->Reason, "", Icon::Exclamation);
+        ShowMessage(NameInMessages(path) + " could not be saved: " + failure->Reason, "", Icon::Exclamation);
         return;
     }
     Shared.Changed = false;

@@ -12,7 +12,7 @@ MainWindow::MainWindow()
     for (Control & element : name) {                                                                         \
         element.Is = Kind::kind;                                                                             \
         element.Name = #name;                                                                                \
-        element.Element = static_cast<int>(&element - name);                                               \
+        element.Element = static_cast<int>(&element - name);                                                 \
         element.In = &in;                                                                                    \
     }
 #include "core/main_window.def"

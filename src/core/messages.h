@@ -17,6 +17,9 @@ struct TranslatedTables {
     TextTable MessageTable;
     TextTable ProgramErrorTable;
     TextTable ErrorMessageTable;
+    /// Captions and texts of the drawing window.
+    TextTable DrawViewTable, DrawButtonTable, DrawRunTable, DrawScaleTable;
+    TextTable DrawWindowTable, DrawErrorTable, DrawMessageTable;
 };
 extern TranslatedTables Translated;
 
@@ -86,5 +89,13 @@ inline constexpr Message MustBeNumeric{&T::ErrorMessageTable, 6, "Entered value 
 inline constexpr Message UnknownCode{&T::ErrorMessageTable, 9, "Unknown code"};
 inline constexpr Message MaxLinesReached{&T::ErrorMessageTable, 4,
                                          "Maximum number of lines has been reached"};
+inline constexpr Message XDiameter{&T::DrawWindowTable, 1, "X-diameter"};
+inline constexpr Message XRadius{&T::DrawWindowTable, 2, "X-radius"};
+inline constexpr Message DivisionMetric{&T::DrawMessageTable, 1, "1Division"};
+inline constexpr Message UnitMetric{&T::DrawMessageTable, 2, "x 0.01mm"};
+inline constexpr Message DivisionInch{&T::DrawMessageTable, 3, "1Division"};
+inline constexpr Message UnitInch{&T::DrawMessageTable, 4, "x 0.01 Inch"};
+inline constexpr Message Distance{&T::DrawMessageTable, 5, "Distance"};
+
 inline constexpr Message No3d{&T::ErrorMessageTable, 8, "!No 3-d allowed"};
 } // namespace Messages

@@ -24,9 +24,8 @@ constexpr Literal Literals[] = {
 };
 constexpr std::string_view CadCamMark = "%!*";
 
-/// What a file of the most lines splits into beside its rest: an empty element, the header, the lines,
-/// the trailer.
-constexpr int MostTokens = MaxFileLines + 3;
+/// A file with so many lines has too many, whatever stands in them: lines of one character don't count.
+constexpr int MostTokens = 4 * MaxFileLines;
 
 /// A record is a line cut or padded to this many columns.
 constexpr size_t RecordLength = 85;

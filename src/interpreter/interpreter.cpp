@@ -14,6 +14,7 @@
 #include "ui/columns.h"
 #include "ui/panes.h"
 
+#include <limits>
 #include <optional>
 
 namespace {
@@ -287,7 +288,11 @@ Walk WalkLine(Pass& pass)
     if (pass.LineCode == G(2) || pass.LineCode == G(3)) Shared.ArcsPresent = true;
     if (pass.LineCode == M(6)) pass.ToolChanged = true;
     ++pass.LinesWalked;
-    Attempt(PassName, [&] { pass.LinesExecuted = ToInt16(pass.LinesExecuted + 1); });
+    if (pass.LinesExecuted < std::numeric_limits<int16_t>::max()) {
+        ++pass.LinesExecuted;
+    } else {
+        NoteFailure(Failures::Overflow, PassName);
+    }
     if (CheckTool(pass, row) == Walk::End) return Walk::End;
 
     AddLineTime(pass, row);

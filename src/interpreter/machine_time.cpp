@@ -4,13 +4,12 @@
 #include "core/main_window.h"
 #include "core/numbers.h"
 #include "core/shared_state.h"
+#include "core/vector.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-
-constexpr double Pi = 3.14159265358979;
 
 // The machine's own speeds: seconds for 1000 units of rapid traverse along one axis, along both, and
 // what a positioning takes to begin and end; seconds for one unit at a feed of 100; what a slanted
@@ -22,12 +21,15 @@ constexpr double ArcUnits = 78.55;
 
 void FindMoves(Pass& pass)
 {
-    const auto move = [&](float Position::*axis) { return std::abs(pass.Tool.*axis - pass.PrevTool.*axis); };
+    const auto move = [&](float& to, float Position::*axis) {
+        const double by = static_cast<double>(pass.Tool.*axis) - static_cast<double>(pass.PrevTool.*axis);
+        Attempt(PassName, [&] { to = ToSingle(std::abs(by)); });
+    };
     const std::string& plane = Shared.ArcPlane;
-    if (plane == "XY" || plane == "XZ") pass.MoveA = move(&Position::X);
-    if (plane == "YZ") pass.MoveA = move(&Position::Y);
-    if (plane == "XY") pass.MoveB = move(&Position::Y);
-    if (plane == "XZ" || plane == "YZ") pass.MoveB = move(&Position::Z);
+    if (plane == "XY" || plane == "XZ") move(pass.MoveA, &Position::X);
+    if (plane == "YZ") move(pass.MoveA, &Position::Y);
+    if (plane == "XY") move(pass.MoveB, &Position::Y);
+    if (plane == "XZ" || plane == "YZ") move(pass.MoveB, &Position::Z);
 }
 
 /// The length of the arc by the texts that its row shows; the last length when it has no angle.
