@@ -24,3 +24,6 @@ if [[ ${1:-} == --sanitize ]]; then
     run_preset sanitize
 fi
 run_preset debug
+
+echo "== A short run of the fuzz target"
+tools/fuzz 20

@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/key_script.h"
 #include "cli/state_json.h"
 #include "cli/summary.h"
 #include "commands/save.h"
@@ -12,6 +13,8 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 
 namespace {
 
@@ -19,11 +22,12 @@ namespace {
 /// is replaced.
 Outcome SaveTo(const std::string& target)
 {
+    if (target.empty()) return Failed("no file is named behind -o");
     Console.Boxes.clear();
     Console.Files = {target};
     mnuSaveAs_Click();
     AfterEvent();
-    if (const std::string refusal = LastRefusal(); !refusal.empty()) return Failed(refusal);
+    if (const std::string refusal = LastRefusal(); !refusal.empty()) return Failed(target + ": " + refusal);
     if (frmMain.lblPath.Text != target) return Failed(target + " was not saved");
     return {};
 }
@@ -83,14 +87,57 @@ Outcome CheckFiles(const LoadOptions& options, const std::vector<std::string>& f
     return outcome;
 }
 
+namespace {
+
+/// The user's folder of a key script, removed at its end; "" when none could be made.
+class TemporaryFolder
+{
+public:
+    TemporaryFolder()
+    {
+        std::string name = (std::filesystem::temp_directory_path() / "brixley-XXXXXX").string();
+        if (mkdtemp(name.data()) != nullptr) Path = name;
+    }
+    ~TemporaryFolder()
+    {
+        std::error_code ignored;
+        if (!Path.empty()) std::filesystem::remove_all(Path, ignored);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    std::string Path;
+};
+
+/// The program as a person reads it: notes, table, key figures behind `name`.
+std::string ProgramAsText(const std::string& name, bool withColor)
+{
+    std::string output;
+    if (const std::string& notes = frmMain.txtFileNotes.Text; !notes.empty()) output += notes + "\n\n";
+    if (LineCount() > 0) output += ProgramTable(withColor) + "\n";
+    return output + name + ": " + SummaryLine() + "\n";
+}
+
+} // namespace
+
 Outcome ShowFile(const LoadOptions& options, const std::string& file, bool asJson, bool withColor)
 {
     if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
     if (asJson) return {StatusDone, StateAsJson()};
-    std::string output;
-    if (const std::string& notes = frmMain.txtFileNotes.Text; !notes.empty()) output += notes + "\n\n";
-    if (LineCount() > 0) output += ProgramTable(withColor) + "\n";
-    return {StatusDone, output + file + ": " + SummaryLine() + "\n"};
+    return {StatusDone, ProgramAsText(file, withColor)};
+}
+
+Outcome TypeKeys(const LoadOptions& options, const std::string& file, const std::string& script, bool asJson,
+                 bool withColor)
+{
+    const TemporaryFolder user;
+    BeginProgram(options, user.Path);
+    if (!file.empty()) {
+        if (const auto why = LoadInto(file)) return Failed(file + ": " + *why);
+    }
+    if (const auto fault = RunKeyScript(script)) return Failed(*fault);
+    return {StatusDone,
+            asJson ? WindowStateAsJson() : ProgramAsText(file.empty() ? "keys" : file, withColor)};
 }
 
 Outcome ListFile(const LoadOptions& options, const std::string& file)

@@ -2,15 +2,17 @@
 
 #include "cli/commands.h"
 #include "core/app_data.h"
+#include "platform/files.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
+#include <optional>
 #include <unistd.h>
 
 namespace {
@@ -19,7 +21,7 @@ namespace {
 struct Arguments {
     LoadOptions Load;
     std::vector<std::string> Files, Columns;
-    std::string File, Target, Units;
+    std::string File, Target, Units, Script, Keys;
     bool Json = false;
 };
 
@@ -36,6 +38,7 @@ void AddLoadOptions(CLI::App& command, LoadOptions& options)
         ->capture_default_str();
     command.add_option("--view", options.View, "boxes of the View frame: gcode,toolpos,properties,time")
         ->delimiter(',')
+        ->allow_extra_args(false)
         ->check(CLI::IsMember(ViewNames));
 }
 
@@ -51,9 +54,58 @@ void AddFiles(CLI::App& command, Arguments& arguments)
     AddLoadOptions(command, arguments.Load);
 }
 
-void AddTarget(CLI::App& command, Arguments& arguments)
+void AddFileAndTarget(CLI::App& command, Arguments& arguments)
 {
+    AddFile(command, arguments);
     command.add_option("-o", arguments.Target, "file to write")->required()->type_name("OUT");
+}
+
+void AddShowOptions(CLI::App& command, Arguments& arguments)
+{
+    AddFile(command, arguments);
+    command.add_flag("--json", arguments.Json, "print the whole state as JSON");
+}
+
+void AddListingOptions(CLI::App& command, Arguments& arguments)
+{
+    AddFile(command, arguments);
+    command.add_option("--columns", arguments.Columns, "columns to print: gcode,toolpos,properties,time")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->check(CLI::IsMember(ViewNames));
+}
+
+void AddConvertOptions(CLI::App& command, Arguments& arguments)
+{
+    AddFileAndTarget(command, arguments);
+    command.add_option("--to", arguments.Units, "units to convert to")
+        ->required()
+        ->check(CLI::IsMember({"mm", "inch"}));
+}
+
+void AddKeysOptions(CLI::App& command, Arguments& arguments)
+{
+    command.add_option("FILE", arguments.File, "program file to load first");
+    AddLoadOptions(command, arguments.Load);
+    CLI::Option* const script =
+        command.add_option("--script", arguments.Script, "file with the script, - for standard input");
+    command.add_option("--keys", arguments.Keys, "the script itself")->excludes(script);
+    command.add_flag("--json", arguments.Json, "print the whole state as JSON");
+}
+
+/// The script of a key command: a file, "-" for standard input, or the text of --keys. No value when it
+/// can't be read.
+std::optional<std::string> ReadScript(const Arguments& arguments)
+{
+    if (arguments.Script.empty()) return arguments.Keys;
+    std::string script;
+    if (arguments.Script != "-") {
+        if (ReadWholeFile(arguments.Script, script)) return std::nullopt;
+        return script;
+    }
+    char buffer[4096];
+    for (size_t got = 0; (got = std::fread(buffer, 1, sizeof buffer, stdin)) > 0;) script.append(buffer, got);
+    return script;
 }
 
 bool WantsColor()
@@ -85,63 +137,55 @@ std::string OneLine(std::string text)
     return text;
 }
 
+struct Command {
+    const char* Name;
+    const char* Does;
+    void (*AddOptions)(CLI::App& command, Arguments& arguments);
+    Outcome (*Run)(const Arguments& arguments);
+};
+
+constexpr Command Commands[] = {
+    {"check", "print every message of the error column, and one line a file", AddFiles,
+     [](const Arguments& a) { return CheckFiles(a.Load, a.Files); }},
+    {"show", "print the program as a table with all calculated columns", AddShowOptions,
+     [](const Arguments& a) { return ShowFile(a.Load, a.File, a.Json, WantsColor()); }},
+    {"listing", "print the text of the printed listing", AddListingOptions,
+     [](const Arguments& a) {
+         LoadOptions options = a.Load;
+         options.View.insert(options.View.end(), a.Columns.begin(), a.Columns.end());
+         return ListFile(options, a.File);
+     }},
+    {"save", "load FILE and write it again, with the end code if it has none", AddFileAndTarget,
+     [](const Arguments& a) { return SaveFile(a.Load, a.File, a.Target); }},
+    {"convert", "convert the program's units and write it", AddConvertOptions,
+     [](const Arguments& a) { return ConvertFile(a.Load, a.File, a.Units, a.Target); }},
+    {"keys", "type a key script into the program, then print the state", AddKeysOptions,
+     [](const Arguments& a) {
+         const auto script = ReadScript(a);
+         if (!script) return Failed(a.Script + ": the script can't be read");
+         return TypeKeys(a.Load, a.File, *script, a.Json, WantsColor());
+     }},
+    {"fingerprint", "print one number that pins the behaviour over all files", AddFiles,
+     [](const Arguments& a) { return FingerprintFiles(a.Load, a.Files); }},
+};
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    CLI::App app("Checks, shows, converts and writes part programs of small Emco training machines.",
+    std::signal(SIGXFSZ, SIG_IGN); // a limit on file sizes is then a failed write with a message
+    CLI::App app("Checks, shows, types, converts and writes part programs of small Emco training machines.",
                  "brixley-cli");
     app.set_version_flag("--version", std::string("brixley-cli ") + ProductVersion);
     app.require_subcommand(1);
 
     Arguments arguments;
-    std::function<Outcome()> run;
-    const auto command = [&](const char* name, const char* does, std::function<Outcome()> action) {
-        CLI::App* const added = app.add_subcommand(name, does);
-        added->callback([&run, action] { run = action; });
-        return added;
-    };
-
-    CLI::App* const check = command("check", "print every message of the error column, and one line a file",
-                                    [&] { return CheckFiles(arguments.Load, arguments.Files); });
-    AddFiles(*check, arguments);
-
-    CLI::App* const show = command("show", "print the program as a table with all calculated columns", [&] {
-        return ShowFile(arguments.Load, arguments.File, arguments.Json, WantsColor());
-    });
-    AddFile(*show, arguments);
-    show->add_flag("--json", arguments.Json, "print the whole state as JSON");
-
-    CLI::App* const listing = command("listing", "print the text of the printed listing", [&] {
-        LoadOptions options = arguments.Load;
-        options.View.insert(options.View.end(), arguments.Columns.begin(), arguments.Columns.end());
-        return ListFile(options, arguments.File);
-    });
-    AddFile(*listing, arguments);
-    listing->add_option("--columns", arguments.Columns, "columns to print: gcode,toolpos,properties,time")
-        ->delimiter(',')
-        ->check(CLI::IsMember(ViewNames));
-
-    CLI::App* const save =
-        command("save", "load FILE and write it again, with the end code if it has none",
-                [&] { return SaveFile(arguments.Load, arguments.File, arguments.Target); });
-    AddFile(*save, arguments);
-    AddTarget(*save, arguments);
-
-    CLI::App* const convert = command("convert", "convert the program's units and write it", [&] {
-        return ConvertFile(arguments.Load, arguments.File, arguments.Units, arguments.Target);
-    });
-    AddFile(*convert, arguments);
-    AddTarget(*convert, arguments);
-    convert->add_option("--to", arguments.Units, "units to convert to")
-        ->required()
-        ->check(CLI::IsMember({"mm", "inch"}));
-
-    CLI::App* const fingerprint =
-        command("fingerprint", "print one number that pins the behaviour over all files",
-                [&] { return FingerprintFiles(arguments.Load, arguments.Files); });
-    AddFiles(*fingerprint, arguments);
-
+    const Command* chosen = nullptr;
+    for (const Command& command : Commands) {
+        CLI::App* const added = app.add_subcommand(command.Name, command.Does);
+        added->callback([&chosen, &command] { chosen = &command; });
+        command.AddOptions(*added, arguments);
+    }
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& asked) {
@@ -149,5 +193,5 @@ int main(int argc, char** argv)
     } catch (const CLI::Error& fault) {
         return Finish(Failed(OneLine(fault.what())));
     }
-    return Finish(run());
+    return Finish(chosen->Run(arguments));
 }

@@ -28,25 +28,42 @@ void CheckViews(const std::vector<std::string>& names)
 
 } // namespace
 
-std::optional<std::string> OpenProgram(const LoadOptions& options, const std::string& file)
+std::string AbsolutePath(const std::string& file)
+{
+    std::error_code failed;
+    const std::filesystem::path path = std::filesystem::absolute(file, failed);
+    const std::filesystem::path folder = std::filesystem::canonical(path.parent_path(), failed);
+    return failed ? path.string() : (folder / path.filename()).string();
+}
+
+void BeginProgram(const LoadOptions& options, const std::string& dataFolder)
 {
     Console = {};
+    Console.DataFolder = dataFolder;
     ThePlatform = &Console;
     ResetState();
     MachineKind machine = MachineKind::MK4;
     MachineOfName(options.Machine, machine);
     StartNew(machine, options.Units == "mm", options.Orientation == "horizontal");
     CheckViews(options.View);
+}
 
+std::optional<std::string> LoadInto(const std::string& file)
+{
     std::string bytes;
     if (const auto failure = ReadWholeFile(file, bytes)) return failure->Reason;
     if (KindOfFile(bytes) == FileKind::Language) return "this is a language module, not a program";
-    std::error_code ignored;
-    const std::string path = std::filesystem::absolute(file, ignored).lexically_normal().string();
+    const std::string path = AbsolutePath(file);
     LoadFile(path);
     AfterEvent();
     if (frmMain.lblPath.Text != path) return LastRefusal();
     return std::nullopt;
+}
+
+std::optional<std::string> OpenProgram(const LoadOptions& options, const std::string& file)
+{
+    BeginProgram(options);
+    return LoadInto(file);
 }
 
 std::string LastRefusal()

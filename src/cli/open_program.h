@@ -24,6 +24,15 @@ extern const std::vector<std::string> ViewNames;
 /// The platform of the commands: nobody is asked, boxes and dialogs are kept.
 extern ScriptedPlatform Console;
 
+/// The file's path from the root on; links in its folders are followed, the file itself may be one.
+std::string AbsolutePath(const std::string& file);
+
+/// Starts anew with an empty program. The user's data lies in dataFolder; "" for a run that has none.
+void BeginProgram(const LoadOptions& options, const std::string& dataFolder = "");
+
+/// Loads the file into the program that was begun. Returns why that failed.
+std::optional<std::string> LoadInto(const std::string& file);
+
 /// Starts anew and loads the file. Returns why that failed, without the file's name in front.
 std::optional<std::string> OpenProgram(const LoadOptions& options, const std::string& file);
 

@@ -1,10 +1,16 @@
 #include "cli/state_json.h"
 
+#include "cli/open_program.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/profile.h"
 #include "core/program_list.h"
 
+#include "editor/find.h"
+#include "ui/focus.h"
+#include "ui/text_box.h"
+
+#include <cstdio>
 #include <nlohmann/json.hpp>
 
 namespace {
@@ -49,13 +55,11 @@ Json LogRecords()
     return records;
 }
 
-} // namespace
-
-std::string StateAsJson()
+Json State()
 {
     Json labels;
     for (const auto label : StateLabels) labels[(frmMain.*label).Name] = (frmMain.*label).Text;
-    const Json state = {
+    return {
         {"machine", ActiveProfile().Name},
         {"metric", Shared.Metric},
         {"horizontal", Shared.Horizontal},
@@ -75,5 +79,158 @@ std::string StateAsJson()
         {"widths", lvCncProgram.Widths},
         {"log", LogRecords()},
     };
+}
+
+/// "#rrggbb" of a colour in blue-green-red order.
+std::string ColorText(int color)
+{
+    char text[8];
+    const unsigned c = static_cast<unsigned>(color);
+    std::snprintf(text, sizeof text, "#%02x%02x%02x", c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
+    return text;
+}
+
+Json ControlState(const Control& control)
+{
+    Control copy = control;
+    ClampSelection(copy);
+    Json json = {{"text", control.Text},
+                 {"visible", control.Visible},
+                 {"enabled", control.Enabled},
+                 {"usable", IsUsable(control)},
+                 {"tip", control.ToolTip}};
+    switch (control.Is) {
+    case Kind::TextBox:
+        json["limits"] = control.Tag;
+        json["selStart"] = copy.SelStart;
+        json["selLength"] = copy.SelLength;
+        break;
+    case Kind::CheckBox:
+    case Kind::Option: json["value"] = control.Value; break;
+    case Kind::List:
+    case Kind::Combo:
+    case Kind::Tabs:
+        json["items"] = control.Items;
+        json["index"] = control.Index;
+        break;
+    default: break;
+    }
+    const std::pair<const char*, int> places[] = {
+        {"left", control.Left}, {"top", control.Top}, {"width", control.Width}, {"height", control.Height}};
+    for (const auto& [name, value] : places) {
+        if (value != Unset) json[name] = value;
+    }
+    if (control.Back >= 0) json["back"] = ColorText(control.Back);
+    if (control.Fore >= 0) json["fore"] = ColorText(control.Fore);
+    return json;
+}
+
+/// The name that a script uses: an element of an array with its index.
+std::string FullName(const Control& control)
+{
+    const std::string name = control.Name;
+    return control.Element < 0 ? name : name + "(" + std::to_string(control.Element) + ")";
+}
+
+Json Controls()
+{
+    Json controls;
+    Json window = ControlState(frmMain.Window);
+    window["state"] = Shared.Minimized ? "minimized" : Shared.Maximized ? "maximized" : "normal";
+    controls["frmMain"] = window;
+    frmMain.ForEach([&](Control& control) { controls[FullName(control)] = ControlState(control); });
+    controls["txtFind"] = ControlState(frmFind.txtFind);
+    return controls;
+}
+
+const char* NameOf(Buttons buttons)
+{
+    return buttons == Buttons::OK ? "OK" : buttons == Buttons::YesNo ? "YesNo" : "YesNoCancel";
+}
+
+const char* NameOf(Icon icon)
+{
+    constexpr const char* Names[] = {"none", "information", "exclamation", "critical", "question"};
+    return Names[static_cast<size_t>(icon)];
+}
+
+const char* NameOf(Answer answer)
+{
+    constexpr const char* Names[] = {"OK", "Yes", "No", "Cancel"};
+    return Names[static_cast<size_t>(answer)];
+}
+
+Json MessageBoxes()
+{
+    Json messages = Json::array();
+    for (const auto& [box, given] : Console.Boxes) {
+        messages.push_back({{"text", box.Text},
+                            {"title", box.Title},
+                            {"buttons", NameOf(box.Buttons)},
+                            {"icon", NameOf(box.Icon)},
+                            {"answer", NameOf(given)}});
+    }
+    return messages;
+}
+
+Json Dialogs()
+{
+    Json dialogs = Json::array();
+    for (const auto& dialog : Console.Dialogs) {
+        dialogs.push_back({{"kind", dialog.Kind},
+                           {"name", dialog.Name},
+                           {"filter", dialog.Filter},
+                           {"answer", dialog.Given.value_or("Cancel")}});
+    }
+    return dialogs;
+}
+
+Json Globals()
+{
+    return {{"FeedA", Shared.FeedA},
+            {"FeedB", Shared.FeedB},
+            {"LanguageName", Shared.LanguageName},
+            {"TranslatorName", Shared.TranslatorName},
+            {"IncrColor", static_cast<int>(Shared.IncrColor)},
+            {"AbsColor", static_cast<int>(Shared.AbsColor)},
+            {"RunMode", Shared.RunMode},
+            {"StepRequested", Shared.StepRequested},
+            {"Transmitting", Shared.Transmitting},
+            {"ControlsEnabled", Shared.ControlsEnabled},
+            {"ComEnabled", Shared.ComEnabled},
+            {"M99RRadius", Shared.M99RRadius}};
+}
+
+std::string Printed(const Json& state)
+{
     return state.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+} // namespace
+
+std::string StateAsJson()
+{
+    return Printed(State());
+}
+
+std::string WindowStateAsJson()
+{
+    Json state = State();
+    const bool finding = IsFindInFront();
+    const Control* const focused = finding ? &frmFind.txtFind : Focused();
+    state["focus"] = focused != nullptr ? FullName(*focused) : "";
+    state["activeWindow"] = finding ? "frmFind" : "frmMain";
+    state["title"] = frmMain.Window.Text;
+    state["ended"] = Shared.Ended;
+    state["topRow"] = lvCncProgram.TopRow;
+    state["controls"] = Controls();
+    state["headers"] = lvCncProgram.Headers;
+    state["messages"] = MessageBoxes();
+    state["dialogs"] = Dialogs();
+    state["globals"] = Globals();
+    state["launched"] = Console.Launched;
+    state["pointer"] = "default";
+    state["draw"] = nullptr;
+    state["programWindow"] = nullptr;
+    return Printed(state);
 }

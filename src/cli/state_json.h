@@ -6,3 +6,6 @@
 
 /// The state as it stands: machine, flags, labels, every row with its cells, column widths, the log.
 std::string StateAsJson();
+
+/// The same with what a window shows: focus, controls, boxes and dialogs that came up, flags of the run.
+std::string WindowStateAsJson();

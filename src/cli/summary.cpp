@@ -53,11 +53,22 @@ std::vector<Column> ColumnsInUse()
     return columns;
 }
 
-std::string Aligned(std::string_view text, const Column& column)
+/// A file may bring any byte; a terminal must not take one for a command.
+std::string Printable(std::string_view text)
 {
+    std::string printable(text);
+    for (char& c : printable) {
+        if (static_cast<unsigned char>(c) < ' ' || c == '\x7f') c = '?';
+    }
+    return printable;
+}
+
+std::string Aligned(std::string_view raw, const Column& column)
+{
+    const std::string text = Printable(raw);
     const size_t length = CharacterCount(text);
     const std::string blanks(column.Width > length ? column.Width - length : 0, ' ');
-    return column.Left ? std::string(text) + blanks : blanks + std::string(text);
+    return column.Left ? text + blanks : blanks + text;
 }
 
 std::string WithoutTrailingBlanks(std::string line)

@@ -14,6 +14,7 @@
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "ui/columns.h"
+#include "ui/focus.h"
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
 
@@ -62,20 +63,18 @@ void TakeOver(ProgramFile file, const std::string& path)
     MakeToolpositionColums();
     ShowLineCount();
     AddBlankLine(false);
+    SetFocus(frmMain.lvCncProgram);
 }
 
 } // namespace
 
 void LoadFile(const std::string& path)
 {
+    if (RefuseWhileBusy()) return;
     cmdReturn_Click();
     std::string chosen = path;
     if (chosen.empty()) {
-        chosen =
-            ThePlatform
-                ->AskForFile({FileDialog::Purpose::Open, "",
-                              "cnc files (*.txt or *.cnc or *.c5n)|*.cnc;*.txt;*.c5n|All Files (*.*)|*.*|"})
-                .value_or("");
+        chosen = ThePlatform->AskForFile({FileDialog::Purpose::Open, "", ProgramFileFilter}).value_or("");
     }
     if (chosen.empty() || !FileExists(chosen)) return;
 

@@ -8,6 +8,7 @@
 #include "interpreter/limits.h"
 #include "platform/platform.h"
 #include "ui/columns.h"
+#include "ui/focus.h"
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
 
@@ -43,6 +44,7 @@ void SelectMillUnits(bool metric, bool horizontal)
 
 void ClearProgram_Click()
 {
+    if (RefuseWhileBusy()) return;
     cmdReturn_Click();
     if (LineCount() > 0 && Shared.Changed) {
         const MessageBox box{TextOf(Messages::ClearAnyway), TextOf(Messages::Clear), Buttons::YesNo};
@@ -58,7 +60,7 @@ void ClearProgram_Click()
         list->Index = -1;
     }
     frmMain.frEntry.Text = Shared.EntryCaption;
-    Shared.Changed = Shared.ArcsPresent = false;
+    Shared.Changed = Shared.ArcsPresent = Shared.CodeToggled = false;
 
     ClearAxesProperties();
     ClearInputTexts();
@@ -68,6 +70,7 @@ void ClearProgram_Click()
     Interpreter();
     Shared.RedrawPending = true;
     HideInputFields();
+    SetFocus(frmMain.txtGMcode);
 }
 
 void mnuNew_Click()

@@ -8,6 +8,7 @@
 #include "core/shared_state.h"
 #include "core/text.h"
 #include "editor/lines.h"
+#include "files/reader.h"
 #include "files/writer.h"
 #include "platform/files.h"
 #include "platform/platform.h"
@@ -16,13 +17,19 @@
 
 namespace {
 
+/// The file's name without its folder, as messages name it; a path that ends in its folder as a whole.
+std::string NameInMessages(const std::string& path)
+{
+    const std::string name = FileNameOf(path);
+    return name.empty() ? path : name;
+}
+
 /// Asks for a file until one is named that may be written; no value when the user gave up.
 std::optional<std::string> AskForTarget()
 {
     for (;;) {
-        const auto name = ThePlatform->AskForFile(
-            {FileDialog::Purpose::Save, frmMain.lblPath.Text,
-             "cnc files (*.txt or *.cnc or *.c5n)|*.cnc;*.txt;*.c5n|All Files (*.*)|*.*|"});
+        const auto name =
+            ThePlatform->AskForFile({FileDialog::Purpose::Save, frmMain.lblPath.Text, ProgramFileFilter});
         if (!name) return std::nullopt;
         if (name->empty()) {
             ShowMessage(TextOf(Messages::NoFile));
@@ -58,7 +65,7 @@ void SaveFile_Click(bool saveAs)
 
     if (const auto failure = ReplaceFile(path, ToCodePage(text))) {
         NoteFailure(failure->Number, "SaveFile_Click");
-        ShowMessage(FileNameOf(path) + " was not saved: " + failure->Reason, "", Icon::Exclamation);
+        ShowMessage(NameInMessages(path) + " could not be saved: " + failure->Reason, "", Icon::Exclamation);
         return;
     }
     Shared.Changed = false;

@@ -1,65 +1,167 @@
 #include "commands/session.h"
 
+#include "commands/load.h"
 #include "commands/program.h"
+#include "commands/save.h"
+#include "commands/window.h"
+#include "core/app_data.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/messages.h"
 #include "core/program_list.h"
+#include "editor/activation.h"
+#include "editor/code_box.h"
+#include "editor/feeds.h"
+#include "editor/find.h"
+#include "editor/lines.h"
+#include "editor/run.h"
+#include "editor/value_entry.h"
 #include "editor/whole_program.h"
+#include "interpreter/interpreter.h"
+#include "interpreter/limits.h"
+#include "platform/files.h"
+#include "ui/focus.h"
+#include "ui/panes.h"
+#include "ui/profile_controls.h"
 
 #include <memory>
 
 namespace {
 
-/// Which routine answers the click on a control, the user's or one that Choose and SetCheck make.
+using W = MainWindow;
+
+/// Which routines answer the events of a control, the user's or those that a routine sets off.
 struct Event {
-    Control MainWindow::*Of;
-    void (*Click)();
+    Control W::*Of;
+    Slots On;
 };
 
+constexpr Slots FieldSlots{nullptr, nullptr, Field_GotFocus, Field_LostFocus, Field_KeyDown, Field_KeyPress};
+constexpr Slots FeedSlots{nullptr, nullptr, Feed_GotFocus, Feed_LostFocus, nullptr, Feed_KeyPress};
+
 constexpr Event Events[] = {
-    {&MainWindow::optSettingsMK2, optSettingsMK2_Click},
-    {&MainWindow::optSettingsMK4, optSettingsMK4_Click},
-    {&MainWindow::optSettingsF1CNC, optSettingsF1CNC_Click},
-    {&MainWindow::optSettingsMm, optSettingsMm_click},
-    {&MainWindow::optSettingsInch, optSettingsInch_click},
-    {&MainWindow::optSettingsVmm, optSettingsVmm_click},
-    {&MainWindow::optSettingsVinch, optSettingsVinch_click},
-    {&MainWindow::optSettingsHmm, optSettingsHmm_click},
-    {&MainWindow::optSettingsHinch, optSettingsHinch_click},
-    {&MainWindow::chkViewToolPos, chkViewToolPos_Click},
-    {&MainWindow::chkViewLineProperties, chkViewLineProperties_Click},
-    {&MainWindow::chkViewMachineTime, chkViewMachineTime_Click},
-    {&MainWindow::chkViewGcode, chkViewGcode_Click},
-    {&MainWindow::chkSettingsAutowidth, chkSettingsAutowidth_Click},
-    {&MainWindow::mnuMMtoINCH, mnuMMtoINCH_click},
-    {&MainWindow::mnuINCHtoMM, mnuINCHtoMM_click},
+    // Entry
+    {&W::txtGMcode,
+     {nullptr, nullptr, txtGMcode_GotFocus, txtGMcode_LostFocus, txtGMcode_KeyDown, txtGMcode_KeyPress}},
+    {&W::txtXI, FieldSlots},
+    {&W::txtYJ, FieldSlots},
+    {&W::txtZK, FieldSlots},
+    {&W::txtFKTL, FieldSlots},
+    {&W::txtH, FieldSlots},
+    {&W::txtComment,
+     {nullptr, nullptr, txtComment_GotFocus, nullptr, txtComment_KeyDown, txtComment_KeyPress}},
+    {&W::lvCncProgram, {lvCncProgram_Click, nullptr, nullptr, nullptr, lvCncProgram_KeyDown}},
+    {&W::txtFeedA, FeedSlots},
+    {&W::txtFeedB, FeedSlots},
+    {&W::txtFileNotes,
+     {nullptr, nullptr, txtFileNotes_GotFocus, nullptr, nullptr, txtFileNotes_Keypress, txtFileNotes_Change}},
+    {&W::cmdFeedA, {cmdFeedA_Click}},
+    {&W::cmdFeedB, {cmdFeedB_Click}},
+    {&W::cmdInsert, {cmdInsert_Click}},
+    {&W::cmdDelete, {cmdDelete_Click}},
+    {&W::cmdRun, {cmdRun_Click}},
+    {&W::cmdStep, {cmdStep_Click}},
+    {&W::cmdStop, {cmdStop_Click}},
+    {&W::lstMK2Gcodes, {lstMK2Gcodes_Click}},
+    {&W::lstMK4Gcodes, {lstMK4Gcodes_Click}},
+    {&W::lstMK4Mcodes, {lstMK4Mcodes_Click}},
+    {&W::lstF1Gcodes, {lstF1Gcodes_Click}},
+    {&W::lstF1Mcodes, {lstF1Mcodes_Click}},
+
+    // View and settings
+    {&W::chkViewToolPos, {chkViewToolPos_Click}},
+    {&W::chkViewLineProperties, {chkViewLineProperties_Click}},
+    {&W::chkViewMachineTime, {chkViewMachineTime_Click}},
+    {&W::chkViewGcode, {chkViewGcode_Click}},
+    {&W::chkViewFileNotes, {ControlsPositioning}},
+    {&W::chkSettingsAutowidth, {chkSettingsAutowidth_Click}},
+    {&W::optSettingsMK2, {optSettingsMK2_Click}},
+    {&W::optSettingsMK4, {optSettingsMK4_Click}},
+    {&W::optSettingsF1CNC, {optSettingsF1CNC_Click}},
+    {&W::optSettingsMm, {optSettingsMm_click}},
+    {&W::optSettingsInch, {optSettingsInch_click}},
+    {&W::optSettingsVmm, {optSettingsVmm_click}},
+    {&W::optSettingsVinch, {optSettingsVinch_click}},
+    {&W::optSettingsHmm, {optSettingsHmm_click}},
+    {&W::optSettingsHinch, {optSettingsHinch_click}},
+    {&W::lblSettingsIncrColor, {lblSettingsIncrColor_Click}},
+    {&W::frSettingsIncr, {lblSettingsIncrColor_Click}},
+    {&W::cmdSettingsColorIncremental, {lblSettingsIncrColor_Click}},
+    {&W::lblSettingsAbsColor, {lblSettingsAbsColor_Click}},
+    {&W::frSettingsAbs, {lblSettingsAbsColor_Click}},
+    {&W::cmdSettingsColorAbsolute, {lblSettingsAbsColor_Click}},
+
+    // Menu
+    {&W::mnuOpen, {mnuOpen_Click}},
+    {&W::mnuNew, {mnuNew_Click}},
+    {&W::mnuSave, {mnuSave_Click}},
+    {&W::mnuSaveAs, {mnuSaveAs_Click}},
+    {&W::mnuFind, {mnuFind_click}},
+    {&W::mnuExit, {mnuExit_Click}},
+    {&W::mnuSettingsShow, {mnuSettingsShow_Click}},
+    {&W::mnuMMtoINCH, {mnuMMtoINCH_click}},
+    {&W::mnuINCHtoMM, {mnuINCHtoMM_click}},
+    {&W::mnuCalculator, {mnuCalculator_Click}},
+    {&W::mnuDelComments, {mnuDelComments_Click}},
+    {&W::mnuHelpText, {mnuHelpText_Click}},
+    {&W::mnuGhelp, {mnuGhelp_Click}},
+    {&W::mnuAbout, {mnuAbout_Click}},
+    {&W::RCmnuDelete, {cmdDelete_Click}},
+    {&W::RCmnuInsert, {LineInsert}},
+
+    // Over the list
+    {&W::cmdReturn, {cmdReturn_Click}},
+    {&W::lstAbout, {lstAbout_Click}},
+    {&W::picZXaxes, {AxesPicture_Click}},
+    {&W::picXYaxes, {AxesPicture_Click}},
 };
+
+template <class Window> void MakeAnew(Window& window)
+{
+    std::destroy_at(&window);
+    std::construct_at(&window);
+}
 
 } // namespace
 
 void ResetState()
 {
-    std::destroy_at(&frmMain);
-    std::construct_at(&frmMain);
+    MakeAnew(frmMain);
+    MakeAnew(frmFind);
     lvCncProgram = {};
     Shared = {};
     Translated = {};
     Log = {};
-    for (const Event& event : Events) (frmMain.*event.Of).On.Click = event.Click;
+    ResetFocus();
+    ResetInterpreter();
+    for (const Event& event : Events) (frmMain.*event.Of).On = event.On;
+    for (Control& button : frmMain.cmdTopButtons) button.On.ClickElement = cmdTopButtons_Click;
+    frmMain.Window.On.Change = Form_Resize;
+    frmFind.txtFind.On = {nullptr, nullptr,          txtFind_GotFocus, nullptr,
+                          nullptr, txtFind_KeyPress, txtFind_Change};
 }
 
 void StartNew(MachineKind machine, bool metric, bool horizontal)
 {
+    if (const std::string folder = AppDataPath(); !folder.empty()) {
+        if (const auto failure = MakeFolders(folder)) NoteFailure(failure->Number, "Form_Load");
+    }
     Shared.Machine = machine;
     Shared.Metric = metric;
     Shared.Horizontal = horizontal;
     mnuNew_Click();
+    ClampFeeds();
+    FitSmallScreen();
+    Form_Activate();
+    SetFocus(frmMain.txtGMcode);
     AfterEvent();
 }
 
 void AfterEvent()
 {
+    ResumeInterpreter();
     Shared.RedrawPending = false; // nothing is drawn yet
+    MendFocus();
+    frmMain.lblChanged.Text = Shared.Changed ? "*" : "";
     WriteLog();
 }

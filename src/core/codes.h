@@ -55,5 +55,8 @@ std::vector<std::string> F1Gcodes();
 std::vector<std::string> MK4Mcodes();
 std::vector<std::string> F1Mcodes();
 
+/// What an automatic comment begins with; the system rewrites such comments, never the user's.
+constexpr std::string_view AutomaticComment = "@  ";
+
 /// The description of a list item: the text from the fifth character on, trimmed, without tabs.
 std::string ItemDescription(std::string_view item);

@@ -57,11 +57,7 @@ void LogError(int number, std::string_view description, std::string_view procedu
 
 void NoteFailure(int number, std::string_view procedure)
 {
-    if (Log.Line > 0) {
-        const FailureLog::Kind kind{Log.Line, number, procedure};
-        if (std::find(Log.SeenInPass.begin(), Log.SeenInPass.end(), kind) != Log.SeenInPass.end()) return;
-        Log.SeenInPass.push_back(kind);
-    }
+    if (Log.Line > 0 && !Log.SeenInPass.emplace(Log.Line, number, procedure).second) return;
     LogError(number, FailureDescription(number), procedure);
 }
 

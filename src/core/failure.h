@@ -9,8 +9,10 @@
 
 #include "platform/platform.h"
 
+#include <set>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -53,12 +55,7 @@ struct FailureLog {
     /// The list index of the line that a pass is at, 0 outside a pass. A pass can walk a line a
     /// million times, so each kind of failure is kept once a line and pass.
     int Line = 0;
-    struct Kind {
-        int Line, Number;
-        std::string_view Procedure;
-        bool operator==(const Kind&) const = default;
-    };
-    std::vector<Kind> SeenInPass;
+    std::set<std::tuple<int, int, std::string_view>> SeenInPass;
 };
 extern FailureLog Log;
 

@@ -8,7 +8,7 @@
 
 struct MainWindow {
     Control Window{Kind::Form, "frmMain"};
-#define CONTROL(kind, name, in, text, tabStop) Control name{Kind::kind, #name, &in, text, tabStop};
+#define CONTROL(kind, name, in, text, tabStop) Control name{Kind::kind, #name, -1, &in, text, tabStop};
 #define CONTROLS(kind, name, count, in) Control name[count];
 #include "core/main_window.def"
 #undef CONTROL
@@ -23,3 +23,14 @@ struct MainWindow {
     void ForEach(const std::function<void(Control&)>& visit);
 };
 extern MainWindow frmMain;
+
+/// The find dialog. It stays on top of the other windows and is hidden, not closed, between searches.
+struct FindWindow {
+    Control Window{Kind::Form, "frmFind"};
+    Control txtFind{Kind::TextBox, "txtFind", -1, &Window};
+
+    FindWindow() { Window.Visible = false; }
+    FindWindow(const FindWindow&) = delete;
+    FindWindow& operator=(const FindWindow&) = delete;
+};
+extern FindWindow frmFind;

@@ -17,6 +17,9 @@ struct TranslatedTables {
     TextTable MessageTable;
     TextTable ProgramErrorTable;
     TextTable ErrorMessageTable;
+    /// Captions and texts of the drawing window.
+    TextTable DrawViewTable, DrawButtonTable, DrawRunTable, DrawScaleTable;
+    TextTable DrawWindowTable, DrawErrorTable, DrawMessageTable;
 };
 extern TranslatedTables Translated;
 
@@ -46,9 +49,21 @@ inline constexpr Message NotEmcoFile{&T::MessageTable, 16,
 inline constexpr Message RecognizingProblem{&T::MessageTable, 17, "File Recognizing Problem"};
 inline constexpr Message HasBeenSaved{&T::MessageTable, 18, "has been saved"};
 inline constexpr Message Overwrite{&T::MessageTable, 19, "Overwrite"};
+inline constexpr Message ProgramVersion{&T::MessageTable, 13, "Program Version"};
+inline constexpr Message LanguageModule{&T::MessageTable, 14, "Language Module"};
+inline constexpr Message LowestValue{&T::MessageTable, 20, "Lowest value for this field is"};
+inline constexpr Message HighestValue{&T::MessageTable, 21, "Highest value for this field is"};
+inline constexpr Message Translator{&T::MessageTable, 22, ""};
 inline constexpr Message MaxRpm{&T::MessageTable, 23, "max RPM"};
 inline constexpr Message LeftAngle{&T::MessageTable, 24, "L"};
 inline constexpr Message RightAngle{&T::MessageTable, 25, "R"};
+inline constexpr Message DragTaskBar{
+    &T::MessageTable, 26,
+    "To maximise the screen, drag down taskbar until it is invisible or set it to auto hide"};
+inline constexpr Message LowerPartBlocked{
+    &T::MessageTable, 27,
+    "The lower part of your view will be blocked by the taskbar. You could drag down the taskbar until it is "
+    "invisible or set it to auto hide."};
 
 inline constexpr Message UnknownControlCommand{&T::ProgramErrorTable, 1, "!Unknown ControlCommand"};
 inline constexpr Message StartIsEnd{&T::ProgramErrorTable, 2, "!Start and End same value"};
@@ -60,6 +75,7 @@ inline constexpr Message EndlessLoop{&T::ProgramErrorTable, 7, "!Endless loop"};
 inline constexpr Message NoSuchLine{&T::ProgramErrorTable, 8, "!Line doesn't exist"};
 inline constexpr Message ReturnWithoutSub{&T::ProgramErrorTable, 9, "!RETURN without SUB"};
 inline constexpr Message ArcMustPrecede{&T::ProgramErrorTable, 10, "!Must be preceded by G02/03"};
+inline constexpr Message NoPercent{&T::ProgramErrorTable, 11, "!No % allowed"};
 inline constexpr Message DivisionOfCut{&T::ProgramErrorTable, 12, "!Division-of-cut error"};
 inline constexpr Message NotFullQuadrant{&T::ProgramErrorTable, 13, "!Not a full quadrant"};
 inline constexpr Message InvalidArc{&T::ProgramErrorTable, 14, "!Invalid arc"};
@@ -68,7 +84,18 @@ inline constexpr Message ToolMustPrecede{&T::ProgramErrorTable, 16, "!Must be pr
 inline constexpr Message PocketTooSmall{&T::ProgramErrorTable, 17, "!Pocket too small for tool radius"};
 
 inline constexpr Message NoLines{&T::ErrorMessageTable, 1, "No Lines of code present"};
+inline constexpr Message DeleteLine{&T::ErrorMessageTable, 3, "Delete selected line?"};
+inline constexpr Message MustBeNumeric{&T::ErrorMessageTable, 6, "Entered value must be numeric"};
+inline constexpr Message UnknownCode{&T::ErrorMessageTable, 9, "Unknown code"};
 inline constexpr Message MaxLinesReached{&T::ErrorMessageTable, 4,
                                          "Maximum number of lines has been reached"};
+inline constexpr Message XDiameter{&T::DrawWindowTable, 1, "X-diameter"};
+inline constexpr Message XRadius{&T::DrawWindowTable, 2, "X-radius"};
+inline constexpr Message DivisionMetric{&T::DrawMessageTable, 1, "1Division"};
+inline constexpr Message UnitMetric{&T::DrawMessageTable, 2, "x 0.01mm"};
+inline constexpr Message DivisionInch{&T::DrawMessageTable, 3, "1Division"};
+inline constexpr Message UnitInch{&T::DrawMessageTable, 4, "x 0.01 Inch"};
+inline constexpr Message Distance{&T::DrawMessageTable, 5, "Distance"};
+
 inline constexpr Message No3d{&T::ErrorMessageTable, 8, "!No 3-d allowed"};
 } // namespace Messages

@@ -61,9 +61,7 @@ int ReadExponent(Characters in)
 /// mantissa × 10^exponent, correctly rounded, for the rare text that isn't exact in two factors.
 double SlowValue(const std::string& digits, int exponent)
 {
-    const double value = std::strtod((digits + "e" + std::to_string(exponent)).c_str(), nullptr);
-    if (std::isinf(value)) throw RunTimeFailure{Failures::Overflow};
-    return value;
+    return std::strtod((digits + "e" + std::to_string(exponent)).c_str(), nullptr);
 }
 
 /// Whether the number is a whole one of few digits, as most are; those take no rounding.
@@ -200,11 +198,12 @@ double SquareRoot(double value)
 
 void AppendWhole(std::string& text, double value, int digits)
 {
-    double nearest = IsSmallWhole(value) ? std::abs(value) : std::floor(std::abs(value) + 0.5);
-    if (nearest >= 1e18) nearest = 0; // no cell or label can hold it
-    char plain[32];
-    const char* const end = std::to_chars(plain, plain + sizeof plain, static_cast<int64_t>(nearest)).ptr;
-    const auto length = static_cast<size_t>(end - plain);
+    const double nearest = IsSmallWhole(value) ? std::abs(value) : std::floor(std::abs(value) + 0.5);
+    char plain[320]; // the largest number has 309 digits
+    const bool fits = nearest < 1e18;
+    const auto length = static_cast<size_t>(
+        fits ? std::to_chars(plain, plain + sizeof plain, static_cast<int64_t>(nearest)).ptr - plain
+             : std::snprintf(plain, sizeof plain, "%.0f", nearest));
     const size_t zeros = static_cast<size_t>(digits) > length ? static_cast<size_t>(digits) - length : 0;
     if (value < 0 && nearest > 0) text += '-';
     text.append(zeros, '0').append(plain, length);

@@ -11,7 +11,8 @@
 
 /// Reads a text as a number: blanks and tabs are skipped wherever they stand; a sign, digits, one
 /// point and an exponent with E or D are read; reading stops at the first other character.
-/// A text without a leading number reads 0. Throws RunTimeFailure Overflow beyond a 64-bit float.
+/// A text without a leading number reads 0, one beyond a 64-bit float reads infinity, which no conversion
+/// takes.
 double Val(std::string_view text);
 
 /// A cell split into its word letter and its value.

@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 
+#include <algorithm>
 #include <utility>
 
 ProgramList lvCncProgram;
@@ -28,6 +29,22 @@ void InsertRow(int index, ProgramLine line)
 void SelectRow(int index)
 {
     lvCncProgram.Selected = index;
+    ScrollIntoView(index);
+}
+
+void ScrollIntoView(int index)
+{
+    int& top = lvCncProgram.TopRow;
+    top = std::max({1, std::min(top, index), index - lvCncProgram.VisibleRows + 1});
+}
+
+void RemoveRow(int index)
+{
+    auto& rows = lvCncProgram.Rows;
+    rows.erase(rows.begin() + (index - 1));
+    int& selected = lvCncProgram.Selected;
+    if (selected > index) --selected;
+    selected = std::min(selected, lvCncProgram.RowCount());
 }
 
 void AddBlankLine(bool selectLast)

@@ -49,6 +49,9 @@ struct ProgramList {
     std::vector<ProgramLine> Rows;
     /// The editing cursor: index of the selected row from 1, 0 for none.
     int Selected = 0;
+    /// The first visible row, from 1, and how many rows are visible.
+    int TopRow = 1;
+    int VisibleRows = 26;
     /// Header text and width in twips by cell number; a width of 0 hides the column.
     std::array<std::string, CellCount> Headers{
         "X",      "N",      "G",      "X",        "Y",        "Z",        "F",      "H",      "Error in line",
@@ -70,8 +73,14 @@ int LineCount();
 /// enters an empty list is selected; a selection at or behind the index stays on its row.
 void InsertRow(int index, ProgramLine line);
 
-/// Makes a row the editing cursor.
+/// Makes a row the editing cursor and scrolls it into view.
 void SelectRow(int index);
+
+/// Scrolls as little as needed so that the row can be seen.
+void ScrollIntoView(int index);
+
+/// Removes a row. A selection behind it stays on its row; that of the row itself goes to the next one.
+void RemoveRow(int index);
 
 /// Appends the blank row unless the last row's number starts with N. Selects row 1 when the program has
 /// no lines, else the last row when selectLast; otherwise the selection stays.

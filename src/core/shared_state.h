@@ -10,7 +10,19 @@
 /// The three machines: the Compact 5 CNC lathe with the controls MK2 and MK4, and the F1 CNC mill.
 enum class MachineKind { MK2, MK4, F1 };
 
+/// Smallest size of the main window in twips.
+constexpr int MinWidth = 11800;
+constexpr int MinHeight = 8720;
+
+/// The screen in twips, and its height above the task bar.
+struct Screen {
+    int Width = 28800, Height = 16200, WorkHeight = 15600;
+};
+
 struct SharedState {
+    /// The front end puts its own screen here before the start.
+    ::Screen Screen;
+
     /// The profile in force. Values are in 1/100 mm when Metric, else in 1/1000 inch. Horizontal is the
     /// spindle of the F1; it keeps its value while a lathe is selected.
     MachineKind Machine = MachineKind::MK4;
@@ -42,6 +54,16 @@ struct SharedState {
     bool ControlsEnabled = true;
     /// A transmission is running.
     bool Transmitting = false;
+    /// The walk of the editor's run waits at each line for the Step button.
+    bool RunMode = false;
+    /// The Step button was pressed; a waiting walk consumes it.
+    bool StepRequested = false;
+    /// The editor is locked from Run until Stop, also behind the end of the walk.
+    bool RunLocked = false;
+    /// Communication is enabled.
+    bool ComEnabled = false;
+    /// The state of the main window; normal when neither is set.
+    bool Minimized = false, Maximized = false;
     /// A machine option is being set by ControlsPositioning, so its Click does nothing.
     bool PositioningControls = false;
 
@@ -54,9 +76,24 @@ struct SharedState {
     /// First part of the error column's header, and the number of the line that it names (from 0).
     std::string ErrorColumnTitle = "Error in line";
     int ErrorLine = 0;
+    /// Colours of incremental and absolute lines, 24 bits in blue-green-red order.
+    float IncrColor = 255;
+    float AbsColor = 16711680;
+    /// The code letter was touched since the code box took the cursor.
+    bool CodeToggled = false;
+    /// The code last given to the fields uses the feed presets.
+    bool FeedButtonsOn = false;
+    /// A row is being activated: its values are shown, not judged.
+    bool Activating = false;
+    /// The find dialog, while it is shown, has the keys.
+    bool FindInFront = false;
+    /// The next search goes on behind the selected row.
+    bool FindNext = false;
     /// The caption that the entry frame returns to when the program is cleared.
     std::string EntryCaption;
-    std::string LanguageName;
+    std::string LanguageName, TranslatorName;
+    /// The program has been left.
+    bool Ended = false;
 
     /// A drawing is wanted when the event is over.
     bool RedrawPending = false;

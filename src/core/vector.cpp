@@ -4,8 +4,6 @@
 
 double VectorAngle(double x, double y)
 {
-    // These digits, not the library's, so that drawn angles agree with the controls' own tables.
-    constexpr double Pi = 3.14159265358979;
     constexpr double FullTurn = 6.28318530717959;
     if (y == 0) return x > 0 ? 0 : Pi;
     if (x == 0) return y > 0 ? Pi / 2 : 3 * Pi / 2;

@@ -4,6 +4,7 @@
 #include "core/main_window.h"
 #include "core/shared_state.h"
 #include "core/text.h"
+#include "ui/focus.h"
 #include "ui/panes.h"
 
 namespace {
@@ -157,6 +158,26 @@ const FieldRow* RowOf(Code code)
     return nullptr;
 }
 
+/// Where the cursor goes first. All other codes have no parameter: the comment.
+struct FirstField {
+    std::string_view Codes;
+    Control MainWindow::*Field;
+};
+constexpr FirstField FirstFields[] = {
+    {"G00 G01 G02 G03 G04 G23 G26 G72 G78 G84 G86 G88 G92 M06 M98 M99 M99R", &MainWindow::txtXI},
+    {"G25 G27", &MainWindow::txtFKTL},
+    {"G33 G73 G81 G82 G83 G85 G89", &MainWindow::txtZK},
+    {"M26", &MainWindow::txtH},
+};
+
+Control& FirstFieldOf(Code code)
+{
+    for (const FirstField& first : FirstFields) {
+        if (ListHolds(first.Codes, code)) return frmMain.*first.Field;
+    }
+    return frmMain.txtComment;
+}
+
 /// The code as its cell holds it: a blank in the place of the letter G.
 Code CodeOfEntry(std::string_view text)
 {
@@ -170,10 +191,10 @@ Code CodeOfEntry(std::string_view text)
 
 } // namespace
 
-void InputFields(std::string_view code)
+void SetUpFields(std::string_view code)
 {
     const Code wanted = CodeOfEntry(code);
-    frmMain.cmdFeedA.Enabled = frmMain.cmdFeedB.Enabled = false;
+    Shared.FeedButtonsOn = frmMain.cmdFeedA.Enabled = frmMain.cmdFeedB.Enabled = false;
     HideInputFields();
     frmMain.txtZK.Enabled = true;
 
@@ -184,8 +205,23 @@ void InputFields(std::string_view code)
     ShowField(row->ZK, frmMain.lblZK, frmMain.txtZK);
     ShowField(row->FKTL, frmMain.lblFKTL, frmMain.txtFKTL);
     if (Shared.Machine != MachineKind::MK2) ShowField(row->H, frmMain.lblH, frmMain.txtH);
-    frmMain.cmdFeedA.Enabled = frmMain.cmdFeedB.Enabled = row->FeedButtons == Buttons::Feeds;
+    Shared.FeedButtonsOn = row->FeedButtons == Buttons::Feeds;
+    frmMain.cmdFeedA.Enabled = frmMain.cmdFeedB.Enabled = Shared.FeedButtonsOn;
     // The pass works out the Z of an MK2 arc.
     const bool arc = wanted == G(2) || wanted == G(3);
     frmMain.txtZK.Enabled = !(arc && Shared.Machine == MachineKind::MK2);
+}
+
+void InputFields(std::string_view code)
+{
+    SetUpFields(code);
+    FirstFieldFocus();
+}
+
+void FirstFieldFocus()
+{
+    if (!IsUsable(frmMain.txtComment)) return;
+    Control& first = FirstFieldOf(CodeOfEntry(frmMain.txtGMcode.Text));
+    first.Visible = true;
+    SetFocus(first);
 }

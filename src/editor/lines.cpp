@@ -1,16 +1,25 @@
 #include "editor/lines.h"
 
+#include "core/codes.h"
+#include "core/failure.h"
 #include "core/main_window.h"
+#include "core/messages.h"
 #include "core/numbers.h"
 #include "core/profile.h"
 #include "core/program_list.h"
 #include "core/text.h"
+#include "editor/code_box.h"
 #include "editor/entry.h"
 #include "editor/fields.h"
+#include "editor/value_entry.h"
 #include "editor/whole_program.h"
 #include "interpreter/interpreter.h"
+#include "platform/platform.h"
+#include "ui/focus.h"
 #include "ui/panes.h"
+#include "ui/text_box.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -33,13 +42,45 @@ constexpr Control MainWindow::*EntryControls[] = {
     &MainWindow::txtComment, &MainWindow::cmdFeedA,  &MainWindow::cmdFeedB,
 };
 
-} // namespace
+/// Writes the numbers of all lines, and moves the targets of jumps and calls that stand at or above
+/// `first` by a step, except where the comment says not to.
+void Renumber(std::string_view procedure, int first, int step)
+{
+    for (int i = 1; i <= LineCount(); ++i) {
+        ProgramLine& row = lvCncProgram.Row(i);
+        row[CellN] = RightPad(FormatWhole(i - 1, 2), 3);
+        Word target{};
+        if (!Attempt(procedure, [&] { target = WordVal(row[CellF]); })) continue;
+        if (UpperCase(target.Letter) != 'L' || StartsNoCase(row[CellComment], "CMDNORENUM")) continue;
+        if (target.Value >= static_cast<float>(first)) {
+            row[CellF] = "L" + RightPad(FormatWhole(static_cast<double>(target.Value) + step, 2), 3);
+        }
+    }
+}
 
-void LineEdit()
+ProgramLine EmptyLine(int number)
+{
+    const Profile& profile = ActiveProfile();
+    ProgramLine row;
+    for (std::string& cell : row.Cells) cell = " ";
+    row[CellRowText] = row[CellN] = RightPad(FormatWhole(number, 2), 3);
+    row[CellCode] = " 21 ";
+    row[CellX] = profile.BlankX;
+    row[CellY] = profile.BlankY;
+    row[CellZ] = profile.BlankZ;
+    row[CellF] = profile.BlankF;
+    row[CellH] = profile.BlankH;
+    row[CellError].clear();
+    return row;
+}
+
+/// Completes and writes the entry; false with an empty code box.
+bool WriteEntry()
 {
     HideAxesPictures();
+    if (frmMain.txtGMcode.Text.empty() || lvCncProgram.Selected == 0) return false;
+    if (!CompleteCode() || !WorkOutFields()) return false;
     const std::string& code = frmMain.txtGMcode.Text;
-    if (code.empty() || lvCncProgram.Selected == 0) return;
     std::string& fourth = frmMain.txtFKTL.Text;
     if (code == "06") {
         if (fourth.empty()) fourth = "01";
@@ -48,18 +89,91 @@ void LineEdit()
     }
 
     Shared.Changed = true;
-    if (frmMain.chkViewGcode.Value == 1 && frmMain.txtComment.Text.empty()) CodeDescription();
+    if (frmMain.chkViewGcode.Value == 1 && IsBlank(frmMain.txtComment.Text)) CodeDescription();
     ProgramLine& row = lvCncProgram.Row(lvCncProgram.Selected);
     const std::string& letter = frmMain.lblGMcode.Text;
     row[CellCode] = letter == "G" ? " " + code + " " : letter + std::string(FirstCharacters(code + " ", 3));
     FormatInputs();
     BlankResults(row);
     row[CellComment] = frmMain.txtComment.Text;
-    const bool isEmptyLine = row[CellCode] == " 21 ";
 
     Interpreter();
     AddBlankLine(lvCncProgram.Selected == lvCncProgram.RowCount());
-    if (!isEmptyLine) Shared.RedrawPending = true;
+    return true;
+}
+
+} // namespace
+
+void LineEdit()
+{
+    if (RefuseWhileBusy()) return;
+    const bool emptyLine = frmMain.lblGMcode.Text == "G" && frmMain.txtGMcode.Text == "21";
+    if (!WriteEntry()) return;
+    if (!emptyLine) Shared.RedrawPending = true;
+    SelectAll(frmMain.txtGMcode);
+    SetFocus(frmMain.txtGMcode);
+}
+
+void LineInsert()
+{
+    if (RefuseWhileBusy() || lvCncProgram.Selected == 0) return;
+    if (LineCount() >= MaxLines()) {
+        ShowMessage(TextOf(Messages::MaxLinesReached));
+        return;
+    }
+    const int top = lvCncProgram.TopRow, at = lvCncProgram.Selected;
+    Shared.Changed = true;
+    frmMain.lblGMcode.Text = "G";
+    frmMain.txtGMcode.Text = "21";
+    InputFields("");
+    InsertRow(at, EmptyLine(at - 1));
+    SelectRow(at);
+    Renumber("LineInsert", at - 1, 1);
+    ProgramLine& row = lvCncProgram.Row(at);
+    row[CellComment].clear();
+    if (frmMain.chkViewGcode.Value == 1) {
+        const std::string typed = frmMain.txtComment.Text;
+        CodeDescription();
+        row[CellComment] = frmMain.txtComment.Text;
+        if (!IsBlank(typed) && !typed.starts_with(AutomaticComment)) frmMain.txtComment.Text = typed;
+    }
+    Interpreter();
+    AddBlankLine(false);
+    ScrollIntoView(top + 1);
+    SelectRow(at);
+    SetFocus(frmMain.lvCncProgram);
+}
+
+void cmdInsert_Click()
+{
+    LineInsert();
+}
+
+void LineDelete()
+{
+    if (RefuseWhileBusy() || LineCount() < 1 || lvCncProgram.Selected == 0) return;
+    const int at = lvCncProgram.Selected;
+    if (FindNoCase(lvCncProgram.Row(at)[CellN], "N") != std::string::npos) return;
+    if (frmMain.chkSettingsDWC.Value == 0) {
+        const MessageBox box{TextOf(Messages::DeleteLine), "Confirm", Buttons::YesNo};
+        if (ThePlatform->Show(box) != Answer::Yes) return;
+    }
+    Shared.Changed = true;
+    RemoveRow(at);
+    // The row below takes the selection, and behind the last line the line above.
+    SelectRow(std::clamp(at, 1, std::max(1, LineCount())));
+    Renumber("LineDelete", at, -1);
+    Interpreter();
+    // An emptied program still differs from its file.
+    Shared.Changed = true;
+    Shared.RedrawPending = true;
+    AddBlankLine(false);
+    SetFocus(frmMain.lvCncProgram);
+}
+
+void cmdDelete_Click()
+{
+    LineDelete();
 }
 
 void AddEndOfProgram()
@@ -67,18 +181,19 @@ void AddEndOfProgram()
     if (Shared.EndCodeSeen) return;
     std::array<Control, std::size(EntryControls)> entry;
     for (size_t i = 0; i < entry.size(); ++i) entry[i] = frmMain.*EntryControls[i];
-    const int selected = lvCncProgram.Selected;
-    const bool redraw = Shared.RedrawPending;
+    const bool feedButtons = Shared.FeedButtonsOn;
+    const int selected = lvCncProgram.Selected, top = lvCncProgram.TopRow;
 
     frmMain.lblGMcode.Text = ActiveProfile().EndLetter;
     frmMain.txtGMcode.Text = ActiveProfile().EndDigits;
     frmMain.txtComment.Text.clear();
-    InputFields(frmMain.txtGMcode.Text);
+    SetUpFields(frmMain.txtGMcode.Text);
     Shared.EndCodeSeen = true;
     SelectRow(lvCncProgram.RowCount());
-    LineEdit();
+    WriteEntry();
 
     SelectRow(selected);
-    Shared.RedrawPending = redraw;
+    lvCncProgram.TopRow = top;
+    Shared.FeedButtonsOn = feedButtons;
     for (size_t i = 0; i < entry.size(); ++i) frmMain.*EntryControls[i] = entry[i];
 }

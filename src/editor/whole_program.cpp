@@ -3,19 +3,22 @@
 #include "core/codes.h"
 #include "core/failure.h"
 #include "core/main_window.h"
+#include "core/messages.h"
 #include "core/numbers.h"
 #include "core/profile.h"
 #include "core/program_list.h"
 #include "core/text.h"
+#include "editor/code_box.h"
+#include "editor/fields.h"
+#include "editor/value_entry.h"
 #include "interpreter/interpreter.h"
 #include "ui/columns.h"
+#include "ui/panes.h"
 #include "ui/profile_controls.h"
 
 namespace {
 
 constexpr double MillimetresPerInch = 2.54; // 1/1000 inch in 1/100 mm
-constexpr std::string_view AutomaticComment = "@  ";
-
 /// Scales the last `digits` characters of a cell; what stands in front of them, sign or letter, stays.
 void ConvertCell(std::string& cell, size_t digits, double factor)
 {
@@ -47,17 +50,6 @@ void ConvertRow(ProgramLine& row, double factor)
     if (IsFeedOrPitch(row[CellF])) ConvertCell(row[CellF], 3, factor);
 }
 
-/// The picking list of the machine for codes with the letter.
-const Control& ListOf(bool letterM)
-{
-    switch (Shared.Machine) {
-    case MachineKind::MK2: return frmMain.lstMK2Gcodes;
-    case MachineKind::MK4: return letterM ? frmMain.lstMK4Mcodes : frmMain.lstMK4Gcodes;
-    case MachineKind::F1: break;
-    }
-    return letterM ? frmMain.lstF1Mcodes : frmMain.lstF1Gcodes;
-}
-
 /// The description of the first item whose first `length` characters, trimmed, are the code; "" for none.
 std::string DescriptionOf(const Control& list, std::string_view code, size_t length)
 {
@@ -75,7 +67,7 @@ void DescribeRow(ProgramLine& row)
     std::string code(Trimmed(row[CellCode]));
     const bool letterM = StartsNoCase(code, "M");
     if (!letterM) code.insert(0, "G");
-    const std::string description = DescriptionOf(ListOf(letterM), code, 3);
+    const std::string description = DescriptionOf(CodeListOf(letterM), code, 3);
     if (!description.empty()) row[CellComment] = description;
 }
 
@@ -83,7 +75,7 @@ void DescribeRow(ProgramLine& row)
 
 void Convert(double factor)
 {
-    if (LineCount() < 1) return;
+    if (RefuseWhileBusy() || LineCount() < 1) return;
     Shared.Changed = true;
     for (int i = 1; i <= LineCount(); ++i) ConvertRow(lvCncProgram.Row(i), factor);
     SetUnits(factor == MillimetresPerInch);
@@ -103,7 +95,7 @@ void CodeDescription()
 {
     if (frmMain.txtGMcode.Text.empty()) return;
     const std::string& letter = frmMain.lblGMcode.Text;
-    const Control& list = ListOf(EqualsNoCase(letter, "M"));
+    const Control& list = CodeListOf(EqualsNoCase(letter, "M"));
     const std::string description = DescriptionOf(list, letter + frmMain.txtGMcode.Text, 4);
     if (!description.empty()) frmMain.txtComment.Text = description;
 }
@@ -122,4 +114,36 @@ void chkViewGcode_Click()
     }
     Interpreter();
     AutoWidth();
+    FirstFieldFocus();
+}
+
+void mnuDelComments_Click()
+{
+    if (RefuseWhileBusy()) return;
+    for (ProgramLine& row : lvCncProgram.Rows) row[CellComment].clear();
+    Interpreter();
+    Shared.Changed = true;
+    Shared.RedrawPending = true;
+}
+
+void txtFileNotes_GotFocus(Control& notes)
+{
+    notes.SelStart = static_cast<int>(CharacterCount(notes.Text));
+    notes.SelLength = 0;
+}
+
+void txtFileNotes_Change()
+{
+    Shared.Changed = true;
+}
+
+char txtFileNotes_Keypress(Control& notes, char typed)
+{
+    Shared.Changed = true;
+    if (typed == '%') {
+        notes.ToolTip = TextOf(Messages::NoPercent);
+        return 0;
+    }
+    if (typed == 13 || IsEditingCharacter(typed)) return typed;
+    return typed >= 32 && static_cast<unsigned char>(typed) <= 127 ? typed : '\0';
 }

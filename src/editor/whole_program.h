@@ -2,9 +2,12 @@
 
 #pragma once
 
+#include "core/control.h"
+
 /// Scales the program: 2.54 converts inch to metric, 1 / 2.54 the other way. Coordinates, feeds and
-/// pitches are scaled and rounded one by one, half to even; tools, line targets, pulses and the mill's
-/// spindle speed stay. A value that doesn't fit stays as it was and is logged.
+/// pitches (on the mill also the pulses of M26, which stand in their place) are scaled and rounded one by
+/// one, half to even; tools, line targets and the mill's spindle speed stay. A value that doesn't fit stays
+/// as it was and is logged.
 void Convert(double factor);
 void mnuMMtoINCH_click();
 void mnuINCHtoMM_click();
@@ -15,3 +18,13 @@ void CodeDescription();
 
 /// Fills empty comments with the descriptions of their codes, or takes the automatic ones away.
 void chkViewGcode_Click();
+
+/// Empties the comment of every row, control commands included.
+void mnuDelComments_Click();
+
+/// The caret stands at the end of the notes.
+void txtFileNotes_GotFocus(Control& notes);
+/// The notes are part of the file.
+void txtFileNotes_Change();
+/// What may be typed into the file notes: no "%", which begins the program in a file.
+char txtFileNotes_Keypress(Control& notes, char typed);

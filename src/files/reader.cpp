@@ -24,9 +24,8 @@ constexpr Literal Literals[] = {
 };
 constexpr std::string_view CadCamMark = "%!*";
 
-/// What a file of the most lines splits into beside its rest: an empty element, the header, the lines,
-/// the trailer.
-constexpr int MostTokens = MaxFileLines + 3;
+/// A file with so many lines has too many, whatever stands in them: lines of one character don't count.
+constexpr int MostTokens = 4 * MaxFileLines;
 
 /// A record is a line cut or padded to this many columns.
 constexpr size_t RecordLength = 85;
@@ -227,6 +226,7 @@ ProgramFile ReadProgram(std::string_view bytes)
     // On MK4 and F1 a header line stands in front of the first program line.
     const bool mk2 = file.Machine == MachineKind::MK2;
     const std::vector<std::string_view> lines = LinesFrom(text, position);
+    file.Rows.reserve(lines.size());
     for (size_t element = mk2 ? 0 : 2; element < lines.size(); ++element) {
         if (lines[element].size() <= 1) continue;
         const Record record(lines[element]);

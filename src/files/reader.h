@@ -14,6 +14,10 @@
 #include <string_view>
 #include <vector>
 
+/// The files that a dialog shows; the ending has no meaning for the format.
+constexpr const char* ProgramFileFilter =
+    "cnc files (*.txt or *.cnc or *.c5n)|*.cnc;*.txt;*.c5n|All Files (*.*)|*.*|";
+
 /// Rows that a file may bring. The controls hold far fewer; the pass reports those that are too many.
 constexpr int MaxFileLines = 32000;
 

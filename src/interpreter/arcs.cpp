@@ -3,13 +3,13 @@
 #include "core/failure.h"
 #include "core/numbers.h"
 #include "core/shared_state.h"
+#include "core/vector.h"
 
 #include <cmath>
 #include <string>
 
 namespace {
 
-constexpr double Pi = 3.14159265358979;
 /// How far an M99's arc may be off: 0.80 mm or 0.080 inch.
 constexpr double Tolerance = 80;
 
@@ -124,30 +124,36 @@ bool IsOverQuadrant(const ArcState& arc)
              (arc.CenterB - arc.StartB <= Tolerance || arc.EndB - arc.CenterB <= Tolerance));
 }
 
+double Distance(float a, float b)
+{
+    return std::abs(static_cast<double>(a) - static_cast<double>(b));
+}
+
 std::string CenterCell(char letter, double distance, size_t digits)
 {
     return letter + RightPad(FormatWhole(distance, 2), digits);
 }
 
 /// Turns an M99R row into the M99 that gives the same centre.
-void TurnIntoM99(const Pass& pass, ProgramLine& row)
+void TurnIntoM99(Pass& pass, ProgramLine& row)
 {
     row[CellCode] = "M99 ";
-    Attempt(PassName, [&] {
-        const int a =
-            ToInt32(std::abs(static_cast<double>(pass.Arc.StartA) - static_cast<double>(pass.Arc.CenterA)));
-        const int b =
-            ToInt32(std::abs(static_cast<double>(pass.Arc.StartB) - static_cast<double>(pass.Arc.CenterB)));
-        if (Shared.Machine != MachineKind::F1) {
-            row[CellX] = CenterCell('I', a, 4);
-            row[CellZ] = CenterCell('K', b, 5);
-            return;
-        }
-        const bool xy = Shared.ArcPlane == "XY", yz = Shared.ArcPlane == "YZ";
-        row[CellX] = CenterCell('I', yz ? 0 : a, 5);
-        row[CellY] = CenterCell('J', xy ? b : yz ? a : 0, 4);
-        row[CellZ] = CenterCell('K', xy ? 0 : b, 5);
-    });
+    int a = 0, b = 0;
+    Attempt(PassName, [&] { a = ToInt32(Distance(pass.Arc.StartA, pass.Arc.CenterA)); });
+    Attempt(PassName, [&] { b = ToInt32(Distance(pass.Arc.StartB, pass.Arc.CenterB)); });
+    if (Shared.Machine != MachineKind::F1) {
+        row[CellX] = CenterCell('I', a, 4);
+        row[CellZ] = CenterCell('K', b, 5);
+        return;
+    }
+    const bool xy = Shared.ArcPlane == "XY", yz = Shared.ArcPlane == "YZ";
+    LineWords& center = pass.Arc.CenterWords;
+    Attempt(PassName, [&] { center.X = ToInt16(yz ? 0 : a); });
+    Attempt(PassName, [&] { center.Y = ToInt16(xy ? b : yz ? a : 0); });
+    Attempt(PassName, [&] { center.Z = ToInt16(xy ? 0 : b); });
+    row[CellX] = CenterCell('I', center.X, 5);
+    row[CellY] = CenterCell('J', center.Y, 4);
+    row[CellZ] = CenterCell('K', center.Z, 5);
 }
 
 } // namespace

@@ -18,9 +18,9 @@
 /// The angle of a G01 line on its row: L or R and the angle, when it moves in X and Z.
 void WriteLineAngle(const Pass& pass, ProgramLine& row);
 
-/// The centre of the arc from start to end with the radius, seen in the plane's coordinates A and B,
-/// truncated toward zero; 0, 0 for a radius of 0. A radius shorter than half the chord is logged, and
-/// the centre is then the middle of the chord.
+/// The centre of the arc from start to end with the radius, seen in the plane's coordinates A and B, all in
+/// program units, truncated toward zero; 0, 0 for a radius of 0. A radius shorter than half the chord is
+/// logged, and the centre is then the middle of the chord.
 void FindCenter(float startA, float startB, float endA, float endB, float radius, bool clockwise,
                 float& centerA, float& centerB);
 

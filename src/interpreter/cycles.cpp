@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr std::string_view AutomaticComment = "@  ";
-
 /// Highest spindle speed for pitches up to a value, in 1/100 mm or 1/1000 inch.
 struct ThreadSpeed {
     int UpToMetric, UpToInch, MaxRpm;

@@ -7,7 +7,8 @@
 
 #include "interpreter/pass.h"
 
-/// The remark of a thread with the highest spindle speed for its pitch, "@  Threading (max RPM = 500)".
+/// The remark of a thread with the highest spindle speed for its pitch (in program units), "@  Threading (max
+/// RPM = 500)".
 void WriteThreadRemark(ProgramLine& row, int pitch);
 
 /// Works out how often a cycle repeats its cut and puts that in front of the code's description. Ends

@@ -15,6 +15,7 @@
 #include "ui/panes.h"
 
 #include <limits>
+#include <optional>
 
 namespace {
 
@@ -181,6 +182,16 @@ Walk Jump(Pass& pass, ProgramLine& row)
     return Walk::GoOn;
 }
 
+/// G22 and M30: the walk ends behind this line.
+void EndProgram(Pass& pass)
+{
+    if (Shared.RunMode) {
+        frmMain.cmdStep.Enabled = false;
+        pass.SelectedIndex = pass.LineIndex;
+    }
+    pass.LineIndex = pass.Lines;
+}
+
 /// What the code of the line does.
 Walk Act(Pass& pass, ProgramLine& row)
 {
@@ -213,7 +224,7 @@ Walk Act(Pass& pass, ProgramLine& row)
     case G(92): SetRegister(pass); break;
     case M(17): return ReturnFromSub(pass, row);
     case G(22):
-    case M(30): pass.LineIndex = pass.Lines; break;
+    case M(30): EndProgram(pass); break;
     case M(99):
     case M99R: return WalkArcCenter(pass, row);
     default: break;
@@ -330,11 +341,39 @@ void ShowEmptyProgram()
 void FinishPass(const Pass& pass)
 {
     SelectRow(pass.SelectedIndex);
+    if (Shared.RunMode) {
+        Shared.RunMode = false;
+        frmMain.cmdStep.Enabled = false;
+        frmMain.cmdStop.Enabled = true;
+    }
     if (Shared.LastErrorIndex == 0) HideErrorColumn();
     frmMain.lblPPMachineTime.Text = MakeTimeString(pass.TotalTime);
     ShowLineCount();
     MakeLinePropertiesColumns();
     AutoWidth();
+}
+
+/// The pass that waits in front of a line for a step.
+std::optional<Pass> WaitingPass;
+
+/// Walks on to the end, or in Run mode to the next line that has to wait.
+void WalkOn(Pass& pass)
+{
+    Walk walk = Walk::GoOn;
+    while (walk == Walk::GoOn && pass.LineIndex < pass.Lines) {
+        if (Shared.RunMode) {
+            SelectRow(pass.LineIndex + 1);
+            if (!Shared.StepRequested) {
+                WaitingPass = pass;
+                return;
+            }
+            Shared.StepRequested = false;
+        }
+        ++pass.LineIndex;
+        walk = WalkLine(pass);
+    }
+    EndLoggedPass();
+    if (walk == Walk::GoOn) FinishPass(pass);
 }
 
 } // namespace
@@ -365,6 +404,7 @@ void MoveTool(Pass& pass)
 
 void Interpreter()
 {
+    WaitingPass.reset();
     BeginPass();
     Pass pass;
     pass.Lines = LineCount();
@@ -383,11 +423,18 @@ void Interpreter()
 
     pass.LineIndex = 0;
     Shared.ArcPlane.clear();
-    Walk walk = Walk::GoOn;
-    while (walk == Walk::GoOn && pass.LineIndex < pass.Lines) {
-        ++pass.LineIndex;
-        walk = WalkLine(pass);
-    }
-    EndLoggedPass();
-    if (walk == Walk::GoOn) FinishPass(pass);
+    WalkOn(pass);
+}
+
+void ResumeInterpreter()
+{
+    if (!WaitingPass || !Shared.StepRequested) return;
+    Pass pass = *WaitingPass;
+    WaitingPass.reset();
+    WalkOn(pass);
+}
+
+void ResetInterpreter()
+{
+    WaitingPass.reset();
 }

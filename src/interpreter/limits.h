@@ -17,7 +17,7 @@
 /// and a later fault outweighs an earlier one.
 std::string LimitMessage(Code code, const LineWords& words);
 
-/// Whether a thread's pitch lies inside its limits.
+/// Whether a thread's pitch (1/100 mm or 1/1000 inch) lies inside its limits.
 bool PitchHolds(int pitch);
 
 /// Forces the feed presets into the limits of the units and shows these as their tips.

@@ -5,13 +5,12 @@
 #include "core/numbers.h"
 #include "core/shared_state.h"
 #include "core/text.h"
+#include "core/vector.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-
-constexpr double Pi = 3.14159265358979;
 
 // The machine's own speeds: seconds for 1000 units of rapid traverse along one axis, along both, and
 // what a positioning takes to begin and end; seconds for one unit at a feed of 100; what a slanted
@@ -25,9 +24,12 @@ void FindMoves(Pass& pass)
 {
     const std::string& plane = Shared.ArcPlane; // the letters of its two axes
     if (plane.empty()) return;
-    const auto move = [&](float Position::*axis) { return std::abs(pass.Tool.*axis - pass.PrevTool.*axis); };
-    pass.MoveA = move(plane[0] == 'X' ? &Position::X : &Position::Y);
-    pass.MoveB = move(plane[1] == 'Y' ? &Position::Y : &Position::Z);
+    const auto move = [&](float& to, float Position::*axis) {
+        const double by = static_cast<double>(pass.Tool.*axis) - static_cast<double>(pass.PrevTool.*axis);
+        Attempt(PassName, [&] { to = ToSingle(std::abs(by)); });
+    };
+    move(pass.MoveA, plane[0] == 'X' ? &Position::X : &Position::Y);
+    move(pass.MoveB, plane[1] == 'Y' ? &Position::Y : &Position::Z);
 }
 
 /// The length of the arc by the texts that its row shows; the last length when it has no angle.

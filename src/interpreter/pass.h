@@ -27,7 +27,7 @@ struct Position {
     float X = 0, Y = 0, Z = 0;
 };
 
-/// The last arc, in the two coordinates of its plane, truncated toward zero.
+/// The last arc, in the two coordinates of its plane and in program units, truncated toward zero.
 struct ArcState {
     float StartA = 0, StartB = 0, EndA = 0, EndB = 0, CenterA = 0, CenterB = 0;
     /// What the row behind the arc is, and the distances I, J, K of an M99.
@@ -46,7 +46,7 @@ struct Pass {
     int LineIndex = 0;
     Code LineCode = NoCode;
     LineWords Words;
-    /// The plain values of the X, Y and Z cells, X multiplied by XScale.
+    /// Program units: the plain values of the X, Y and Z cells, X multiplied by XScale.
     Position Values;
     Position Delta;
     Position Tool, PrevTool;
@@ -58,15 +58,17 @@ struct Pass {
 
     ArcState Arc;
     bool ToolChanged = false;
+    /// The D value of the last M06, in program units.
     float ToolRadius = 0;
+    /// Cuts of the line's cycle, 0 for other lines.
     float CycleRepeats = 0;
 
     /// Seconds.
     float LineTime = 0, TotalTime = 0;
+    /// Program units: the last arc's length, and the moves of the line in its plane.
     float ArcLength = 0;
-    /// The moves of the line in its plane.
     float MoveA = 0, MoveB = 0;
-    /// The ranges include the zero point.
+    /// The axes' ranges in program units; they include the zero point.
     Position Min, Max;
     /// Lines walked, as the label shows it (it stops at 32767), and in full.
     int16_t LinesExecuted = 0;

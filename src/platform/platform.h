@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 enum class Buttons { OK, YesNo, YesNoCancel };
 enum class Icon { None, Information, Exclamation, Critical, Question };
@@ -41,6 +42,12 @@ public:
 
     /// Asks for a file. No value when the dialog was cancelled; "" when it was closed without a name.
     virtual std::optional<std::string> AskForFile(const FileDialog& dialog) = 0;
+
+    /// Starts the first program of the names that is there; false when none could be started.
+    virtual bool Launch(const std::vector<std::string>& programs) = 0;
+
+    /// Asks for a colour, beginning with one; no value when cancelled. 24 bits in blue-green-red order.
+    virtual std::optional<int> AskForColor(int present) = 0;
 
     /// Local date and time.
     virtual DateTime Now() = 0;

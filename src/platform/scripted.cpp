@@ -45,6 +45,25 @@ std::optional<std::string> ScriptedPlatform::AskForFile(const FileDialog& dialog
         given = Files.front();
         Files.pop_front();
     }
-    Dialogs.push_back({dialog, given});
+    const bool open = dialog.For == FileDialog::Purpose::Open;
+    Dialogs.push_back({open ? "open" : "save", dialog.Name, dialog.Filter, given});
+    return given;
+}
+
+bool ScriptedPlatform::Launch(const std::vector<std::string>& programs)
+{
+    if (!programs.empty()) Launched.push_back(programs.front());
+    return true;
+}
+
+std::optional<int> ScriptedPlatform::AskForColor(int present)
+{
+    std::optional<int> given;
+    if (!Colors.empty()) {
+        given = Colors.front();
+        Colors.pop_front();
+    }
+    const auto text = given ? std::optional(std::to_string(*given)) : std::nullopt;
+    Dialogs.push_back({"color", std::to_string(present), "", text});
     return given;
 }

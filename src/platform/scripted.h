@@ -18,22 +18,30 @@ public:
     /// Answers to coming file dialogs; without one a dialog is cancelled.
     std::deque<std::optional<std::string>> Files;
 
+    /// Answers to coming colour dialogs; without one a dialog is cancelled.
+    std::deque<int> Colors;
+
     struct ShownBox {
         MessageBox Box;
         Answer Given;
     };
+    /// A file or colour dialog: "open", "save" or "color", what it proposed, the answer if not cancelled.
     struct ShownDialog {
-        FileDialog Dialog;
+        std::string Kind, Name, Filter;
         std::optional<std::string> Given;
     };
     std::vector<ShownBox> Boxes;
     std::vector<ShownDialog> Dialogs;
+    /// Programs that were started: the first name of each call.
+    std::vector<std::string> Launched;
 
     DateTime Clock{2026, 1, 2, 3, 4, 5};
     std::string DataFolder;
 
     Answer Show(const MessageBox& box) override;
     std::optional<std::string> AskForFile(const FileDialog& dialog) override;
+    bool Launch(const std::vector<std::string>& programs) override;
+    std::optional<int> AskForColor(int present) override;
     DateTime Now() override { return Clock; }
     std::string LocalDataFolder() override { return DataFolder; }
 };

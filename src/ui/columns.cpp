@@ -18,7 +18,6 @@ constexpr int ListBorder = 80;
 /// What the window needs beside the columns N to Time.
 constexpr int WindowBesideColumns = 8093;
 constexpr int ListLessThanWindow = 3700;
-constexpr int ScreenWidth = 28800;
 
 /// The width that a column wants, or more where a translated header needs it: 104 twips a character.
 int WidthFor(size_t cell, int wanted)
@@ -60,11 +59,14 @@ void MakeMachineTimeColumn()
 
 void AutoWidth()
 {
-    if (!Shared.AutoWidthOn) return;
+    if (!Shared.AutoWidthOn || Shared.Minimized || Shared.Maximized) return;
     const auto& widths = lvCncProgram.Widths;
     const int columns = std::accumulate(widths.begin() + CellN, widths.begin() + CellComment, 0);
-    frmMain.Window.Width =
-        std::min(columns + WindowBesideColumns + ActiveProfile().WidthCorrection, ScreenWidth);
+    Control& window = frmMain.Window;
+    const int wanted = columns + WindowBesideColumns + ActiveProfile().WidthCorrection;
+    const int before = window.Width;
+    window.Width = std::min(wanted, Shared.Screen.Width);
+    if (window.Width != before && window.On.Change != nullptr) window.On.Change();
 }
 
 void ShowErrorColumn(int line)

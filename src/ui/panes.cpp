@@ -4,19 +4,129 @@
 #include "core/program_list.h"
 #include "core/shared_state.h"
 
+namespace {
+
+using W = MainWindow;
+
+/// What the lock of the window takes hold of, beside the tool bar.
+constexpr Control W::*Locked[] = {
+    &W::mnuFile,
+    &W::mnuSettings,
+    &W::mnuXfer,
+    &W::mnuConvert,
+    &W::mnuHelp,
+    &W::frControlPanel,
+    &W::frSetReplace,
+    &W::txtFeedA,
+    &W::txtFeedB,
+    &W::frView,
+    &W::chkViewToolPos,
+    &W::chkViewLineProperties,
+    &W::chkViewGcode,
+    &W::chkViewFileNotes,
+    &W::chkViewMachineTime,
+    &W::frProgramProperties,
+    &W::lblPPMachineTypeTXT,
+    &W::lblPPMachineType,
+    &W::lblPPUnitsTXT,
+    &W::lblPPUnits,
+    &W::lblPPLinesTXT,
+    &W::lblPPLinesExe,
+    &W::lblPPLinesExeTXT,
+    &W::lblPPLines,
+    &W::lblPPMachineTimeTXT,
+    &W::lblPPMachineTime,
+    &W::frAxesProperties,
+    &W::lblAxesMin,
+    &W::lblAxesMax,
+    &W::lblAxesTravel,
+    &W::frXAxis,
+    &W::lblXAxisMin,
+    &W::lblXAxisMax,
+    &W::lblXAxisTravel,
+    &W::frYaxis,
+    &W::lblYAxisMin,
+    &W::lblYAxisMax,
+    &W::lblYAxisTravel,
+    &W::frZAxis,
+    &W::lblZAxisMin,
+    &W::lblZAxisMax,
+    &W::lblZAxisTravel,
+    &W::lstMK4Gcodes,
+    &W::lstMK2Gcodes,
+    &W::lstMK4Mcodes,
+    &W::lstMK2Mcodes,
+    &W::frFileNotes,
+    &W::txtFileNotes,
+    &W::frEntry,
+    &W::frCmdEditor1,
+    &W::frCmdEditor2,
+    &W::cmdInsert,
+    &W::cmdRun,
+    &W::cmdDelete,
+    &W::cmdStep,
+    &W::cmdStop,
+    &W::cmdFeedA,
+    &W::cmdFeedB,
+};
+
+} // namespace
+
 void ControlsEnable(bool enable)
 {
     Shared.ControlsEnabled = enable;
+    for (Control& button : frmMain.cmdTopButtons) button.Enabled = enable;
+    for (const auto control : Locked) (frmMain.*control).Enabled = enable;
+    if (!Shared.RunMode) frmMain.frCmdEditor3.Enabled = enable;
+    if (Shared.Transmitting) frmMain.cmdStop.Enabled = true;
+    if (!enable) return;
+    EnableByProfile();
+    frmMain.cmdFeedA.Enabled = frmMain.cmdFeedB.Enabled = Shared.FeedButtonsOn;
+}
+
+void EnableByProfile()
+{
+    const bool mill = Shared.Machine == MachineKind::F1;
+    for (Control* yAxis :
+         {&frmMain.frYaxis, &frmMain.lblYAxisMin, &frmMain.lblYAxisMax, &frmMain.lblYAxisTravel}) {
+        yAxis->Enabled = mill;
+    }
+    frmMain.frSettingsLathe.Enabled = !mill;
+    frmMain.frSettingsMill.Enabled = mill;
+    for (Control* color : {&frmMain.frSettingsIncr, &frmMain.frSettingsAbs, &frmMain.lblSettingsIncrColor,
+                           &frmMain.lblSettingsAbsColor}) {
+        color->Enabled = Shared.Machine != MachineKind::MK2;
+    }
+}
+
+bool Busy()
+{
+    return Shared.RunLocked || Shared.Transmitting;
+}
+
+bool RefuseWhileBusy()
+{
+    if (!Busy()) return false;
+    frmMain.lvCncProgram.ToolTip = Shared.Transmitting
+                                       ? "A program is being transmitted: press Stop first"
+                                       : "The program is being stepped through: press Stop first";
+    return true;
 }
 
 void cmdReturn_Click()
 {
-    ControlsEnable(true);
+    if (!Shared.RunLocked) ControlsEnable(true);
     for (Control* over :
          {&frmMain.cmdReturn, &frmMain.rtfAbout, &frmMain.lstAbout, &frmMain.rtfHelp,
           &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4, &frmMain.picXYaxes, &frmMain.picZXaxes}) {
         over->Visible = false;
     }
+}
+
+bool IsHelpUp()
+{
+    return frmMain.rtfHelp.Visible || frmMain.rtfGcodeHelpMK2.Visible || frmMain.rtfGcodeHelpMK4.Visible ||
+           frmMain.rtfAbout.Visible;
 }
 
 void HideAxesPictures()

@@ -2,11 +2,24 @@
 
 #pragma once
 
-/// Locks or unlocks the window's user controls and keeps the state in ControlsEnabled.
+/// Locks or unlocks the window's user controls and keeps the state in ControlsEnabled. Unlocking leaves
+/// disabled what the machine's profile and the fields of the code disable. In Run mode the frame of Step
+/// and Stop stays usable.
 void ControlsEnable(bool enable);
+
+/// Enables what the machine has and disables what it hasn't.
+void EnableByProfile();
+
+/// A run, a transmission or the receive pane holds the rows: nothing may change them.
+bool Busy();
+/// When Busy: puts the reason on the list's tip and returns true.
+bool RefuseWhileBusy();
 
 /// Closes whatever lies over the list (help pages, axes pictures) and unlocks the window.
 void cmdReturn_Click();
+
+/// Whether a help page lies over the list.
+bool IsHelpUp();
 
 /// Hides the axes pictures and the button that leads back from them.
 void HideAxesPictures();

@@ -9,6 +9,8 @@
 #include "ui/columns.h"
 #include "ui/panes.h"
 
+#include <algorithm>
+
 namespace {
 
 /// What the units are called, and the option that stands for them.
@@ -44,27 +46,140 @@ void ApplyProfileToControls()
 {
     const MachineKind machine = Shared.Machine;
     const bool mill = machine == MachineKind::F1;
-    const bool mk2 = machine == MachineKind::MK2;
     Shared.PositioningControls = true;
     Choose(OptionOf(machine));
     Shared.PositioningControls = false;
 
-    frmMain.lstMK2Gcodes.Visible = frmMain.lstMK2Mcodes.Visible = mk2;
+    frmMain.lstMK2Gcodes.Visible = frmMain.lstMK2Mcodes.Visible = machine == MachineKind::MK2;
     frmMain.lstMK4Gcodes.Visible = frmMain.lstMK4Mcodes.Visible = machine == MachineKind::MK4;
     frmMain.lstF1Gcodes.Visible = frmMain.lstF1Mcodes.Visible = mill;
     frmMain.cmdTopButtons[5].Visible = !mill;
     frmMain.cmdTopButtons[6].Visible = mill;
-    for (Control* yAxis :
-         {&frmMain.frYaxis, &frmMain.lblYAxisMin, &frmMain.lblYAxisMax, &frmMain.lblYAxisTravel}) {
-        yAxis->Enabled = mill;
+    EnableByProfile();
+}
+
+void Place(Control& control, int left, int top, int width, int height)
+{
+    control.Left = left;
+    control.Top = top;
+    control.Width = width;
+    control.Height = height;
+}
+
+/// Everything that lies over the list takes its rectangle; a picture stands 20 inside it.
+void PlaceList()
+{
+    const int width = frmMain.Window.Width - 3700, height = frmMain.Window.Height - 3370, top = 1360;
+    for (Control* pane : {&frmMain.lvCncProgram, &frmMain.rtfHelp, &frmMain.rtfGcodeHelpMK2,
+                          &frmMain.rtfGcodeHelpMK4, &frmMain.rtfAbout, &frmMain.lstAbout}) {
+        Place(*pane, 0, top, width, height);
     }
-    frmMain.frSettingsLathe.Enabled = !mill;
-    frmMain.frSettingsMill.Enabled = mill;
-    for (Control* color : {&frmMain.frSettingsIncr, &frmMain.frSettingsAbs, &frmMain.lblSettingsIncrColor,
-                           &frmMain.lblSettingsAbsColor}) {
-        color->Enabled = !mk2;
+    for (Control* picture : {&frmMain.picZXaxes, &frmMain.picXYaxes}) {
+        Place(*picture, 20, top + 20, width - 40, height - 40);
+    }
+    constexpr int HeaderHeight = 300, RowHeight = 240;
+    lvCncProgram.VisibleRows = std::max(1, (height - HeaderHeight) / RowHeight);
+}
+
+/// What stands at a distance from the window's right or lower edge.
+void PlacePanes()
+{
+    const int width = frmMain.Window.Width, height = frmMain.Window.Height;
+    frmMain.frControlPanel.Width = width - 3740;
+    frmMain.frView.Left = width - 6700;
+    frmMain.frSetReplace.Left = width - 8180;
+    for (Control* bottom : {&frmMain.frEntry, &frmMain.frCmdEditor1, &frmMain.frCmdEditor2,
+                            &frmMain.frCmdEditor3, &frmMain.frAxesProperties, &frmMain.frProgramProperties}) {
+        bottom->Top = height - 2000;
+    }
+    for (Control* right :
+         {&frmMain.lstMK2Gcodes, &frmMain.lstMK2Mcodes, &frmMain.lstMK4Gcodes, &frmMain.lstMK4Mcodes,
+          &frmMain.lstF1Gcodes, &frmMain.lstF1Mcodes, &frmMain.tabSettings}) {
+        right->Left = width - 3700;
     }
 }
+
+/// Run and Step, or during a transmission Stop alone.
+void PlaceRunButtons()
+{
+    if (Shared.RunLocked) return; // they are the only way out of a run
+    const bool sending = Shared.Transmitting;
+    if (sending) frmMain.frCmdEditor3.Enabled = true;
+    frmMain.cmdRun.Visible = frmMain.cmdStep.Visible = !sending;
+    frmMain.cmdStop.Visible = frmMain.cmdStop.Enabled = sending;
+    frmMain.cmdStop.Left = sending ? 200 : 640;
+    frmMain.cmdStop.Width = sending ? 860 : 400;
+}
+
+/// On a wide window the notes have room of their own; on a small one the user chooses between notes and
+/// properties.
+void ShowNotesOrProperties()
+{
+    constexpr int PropertiesFit = 15300, BothFit = 15360, AxesFit = 13560;
+    const int width = frmMain.Window.Width;
+    const bool checked = frmMain.chkViewFileNotes.Value == 1;
+    Control& properties = frmMain.frProgramProperties;
+    Control& axes = frmMain.frAxesProperties;
+    if (checked) {
+        properties.Visible = width > PropertiesFit;
+        frmMain.chkViewFileNotes.Enabled = !properties.Visible;
+        axes.Visible = width > AxesFit;
+    } else {
+        axes.Visible = properties.Visible = true;
+        frmMain.chkViewFileNotes.Enabled = width <= BothFit;
+    }
+    if (!frmMain.chkViewToolPos.Enabled) frmMain.chkViewFileNotes.Enabled = false;
+
+    // The code lists take the right column's upper half; the notes reach down to the window's edge or to
+    // the frames in the bottom row.
+    constexpr int ListsEnd = 5360, SmallestFrame = 550;
+    const int bottom = frmMain.Window.Height - (checked || width > BothFit ? 840 : 2000);
+    const int height = bottom - ListsEnd;
+    Place(frmMain.frFileNotes, width - 3700, ListsEnd, 3600, height);
+    frmMain.frFileNotes.Visible = height >= SmallestFrame;
+    Place(frmMain.txtFileNotes, 130, 200, 3600 - 260, height - 260);
+}
+
+/// The tool bar shows what the width has room for, in this order of importance: Save, Set, New, Print.
+void PlaceToolBar()
+{
+    const int width = frmMain.Window.Width;
+    // 600 twips a button; rounded down, also below the smallest width.
+    const int room = (width - 11400 - (width < 11400 ? 599 : 0)) / 600 + 5;
+    auto& buttons = frmMain.cmdTopButtons;
+    buttons[1].Visible = room >= 6;
+    buttons[2].Visible = room >= 8;
+    buttons[3].Visible = room >= 9;
+    buttons[4].Visible = room >= 7;
+    int left = 120;
+    for (Control& button : buttons) {
+        if (!button.Visible) continue;
+        button.Left = left;
+        left += 600;
+    }
+}
+
+/// The tab of paths.
+void ShowPaths()
+{
+    frmMain.txtSettingsFileName.Text = FileNameOf(frmMain.lblPath.Text);
+    frmMain.txtSettingsPathName.Text = frmMain.lblPath.Text;
+    frmMain.txtSettingsAppDataFolderName.Text = AppDataPath();
+}
+
+} // namespace
+
+void ShowLineColors()
+{
+    frmMain.lblSettingsIncrColor.Back = static_cast<int>(Shared.IncrColor);
+    frmMain.lblSettingsAbsColor.Back = static_cast<int>(Shared.AbsColor);
+    constexpr int White = 16777215;
+    for (Control* label : {&frmMain.lblSettingsIncrColor, &frmMain.lblSettingsAbsColor}) {
+        label->Fore = label->Back == White ? 0 : White;
+    }
+}
+
+namespace {
 
 } // namespace
 
@@ -84,6 +199,7 @@ void SetUnits(bool metric)
     Shared.Metric = metric;
     frmMain.mnuMMtoINCH.Enabled = metric;
     frmMain.mnuINCHtoMM.Enabled = !metric;
+    frmMain.lblEntryUnits.Text = metric ? "1/100 mm: 1000 = 10.00 mm" : "1/1000 inch: 1000 = 1.000 inch";
     const bool mill = Shared.Machine == MachineKind::F1;
     for (const UnitsRow& row : UnitsTable) {
         if (row.Mill != mill || row.Metric != metric || row.Horizontal != Shared.Horizontal) continue;
@@ -94,8 +210,18 @@ void SetUnits(bool metric)
 
 void ControlsPositioning()
 {
+    if (Shared.Minimized) return;
+    if (!Shared.Maximized) {
+        frmMain.Window.Width = std::max(frmMain.Window.Width, MinWidth);
+        frmMain.Window.Height = std::max(frmMain.Window.Height, MinHeight);
+    }
+    PlacePanes();
+    PlaceList();
+    PlaceRunButtons();
     frmMain.lblPath.ToolTip = frmMain.lblPath.Text;
-    HideAxesPictures();
+    ShowLineColors();
+    if (!IsHelpUp()) HideAxesPictures();
+    ShowPaths();
     ApplyProfileToControls();
 
     const Profile& profile = ActiveProfile();
@@ -103,6 +229,8 @@ void ControlsPositioning()
     lvCncProgram.Widths[CellX] = profile.WidthX;
     lvCncProgram.Widths[CellY] = profile.WidthY;
     lvCncProgram.Widths[CellH] = profile.WidthH;
+    ShowNotesOrProperties();
+    PlaceToolBar();
     MakeCommentColumn();
     frmMain.lblPPMachineType.Text = profile.Name;
 }

@@ -12,5 +12,8 @@ void SetUnits(bool metric);
 /// Sizes the content of the main window and applies the machine's profile to it.
 void ControlsPositioning();
 
+/// Puts the colours of incremental and absolute lines on their labels.
+void ShowLineColors();
+
 /// Writes the window's title: product, version, machine, file name.
 void MakeFormCaption();

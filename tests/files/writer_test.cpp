@@ -17,9 +17,7 @@ namespace {
 TEST(Writer, EachMachinesText)
 {
     const struct {
-        const char* Profile;
-        const char* Lines;
-        const char* Text;
+        const char *Profile, *Lines, *Text;
     } cases[] = {
         {"MK2 mm", "G01 X1000 Z-200 F50 ; top  / G22",
          "%\n"
@@ -55,8 +53,7 @@ TEST(Writer, EachMachinesText)
 TEST(Writer, TrailersNotesAndNumbers)
 {
     const struct {
-        const char* Profile;
-        const char* End;
+        const char *Profile, *End;
     } cases[] = {
         {"MK2 inch", "   \"\r\n"}, {"MK4 mm", "   M\r\n"},    {"F1 mm", "   MI\r\n"},
         {"F1 mm H", "   M-\r\n"},  {"F1 inch", "   \"I\r\n"},
@@ -85,6 +82,7 @@ TEST(Writer, TrailersNotesAndNumbers)
 
 TEST(Writer, TheListing)
 {
+    const auto blanks = [](size_t count) { return std::string(count, ' '); };
     Start("MK4 mm");
     frmMain.txtFileNotes.Text = "One. Two.";
     Enter("G02 X500 Z-500 F50 ;arc / M30");
@@ -92,24 +90,23 @@ TEST(Writer, TheListing)
     SetCheck(frmMain.chkViewLineProperties, true);
     SetCheck(frmMain.chkViewMachineTime, true);
     Shared.PrintMode = true;
-    EXPECT_EQ(
-        GenerateAll(),
-        WithCrLf(
-            "One.\nTwo.\n\n"
-            "     N   G    X      Z   F   H     Tool X    Tool Z  Center X  Center Z    Radius    "
-            "Angle\u00B0      "
-            "Time   Comment\n"
-            "    00 02   500 -  500  50           500      -500       500         0       500      90.0  "
-            "00:00:10  arc\n"
-            "    01M30                            500      -500                                         "
-            "          \n"
-            "   M\n"));
+    // Each column is 10 wide; those that this line leaves blank are so too.
+    EXPECT_EQ(GenerateAll(), WithCrLf("One.\nTwo.\n\n     N   G    X      Z   F   H "
+                                      "    Tool X    Tool Z  Center X  Center Z    Radius    Angle\u00B0"
+                                      "      Time   Comment\n"
+                                      "    00 02   500 -  500  50    "
+                                      "       500      -500       500         0       500      90.0"
+                                      "  00:00:10  arc\n"
+                                      "    01M30                     "
+                                      "       500      -500" +
+                                      blanks(52) + "\n   M\n"));
 
-    // The error column stands in front of the others; long texts keep one blank in front of them.
+    // The error column stands in front of the others; a long text keeps one blank in front of it.
     Start("MK2 inch");
     Enter("G00 X2000 Z0 ;far");
     Shared.PrintMode = true;
-    EXPECT_EQ(GenerateAll(), WithCrLf("\n                               Error in line 0   Comment\n"
+    EXPECT_EQ(GenerateAll(), WithCrLf("\n" + blanks(30) +
+                                      " Error in line 0   Comment\n"
                                       "   N00 G00 X 2000 Z    00 F    !X= 1999 maximum far\n   \"\n"));
 
     Start("F1 mm");
@@ -118,14 +115,14 @@ TEST(Writer, TheListing)
     Shared.PrintMode = true;
     EXPECT_EQ(GenerateAll(),
               WithCrLf("\n     N  G     X    Y     Z   F    Tool X    Tool Y    Tool Z   Comment\n"
-                       "    00 21                           0         0         0 \n   MI\n"));
+                       "    00 21" +
+                       blanks(30) + "0         0         0 \n   MI\n"));
 }
 
 TEST(Writer, AWrittenProgramReadsBackAsItWas)
 {
     const struct {
-        const char* Profile;
-        const char* Lines;
+        const char *Profile, *Lines;
     } cases[] = {
         {"MK2 inch", "G01 X1000 Z-200 F50 ;turn / G84 X-5 Z-20 F100 / 110*G21 / G22 ;end"},
         {"MK4 mm", "G33 Z-500 K100 / G02 X500 Z-400 F50 / M99 I500 K0 / G25 L07 / M06 X1 Z-1 T3 / "

@@ -27,9 +27,7 @@ std::string ArcOf(int number)
 TEST(Arcs, CentreRadiusAndAngle)
 {
     const struct {
-        const char* Name;
-        const char* Profile;
-        const char* Lines;
+        const char *Name, *Profile, *Lines;
         int Number;
         const char* Arc;
     } cases[] = {
@@ -42,7 +40,7 @@ TEST(Arcs, CentreRadiusAndAngle)
          "0|0|0|500|90.0"},
         {"the mill looks from the other side", "F1 mm", "G02 X500 Y-500 F50", 0, "0|-500|0|500|90.0"},
         {"and so does its G03", "F1 mm", "G03 X500 Y-500 F50", 0, "500|0|0|500|90.0"},
-        {"XY holds Z", "F1 mm", "G00 Z70 / G03 X-500 Y500 F50", 1, "0|500|70|500|90.0"},
+        {"XY holds Z", "F1 mm", "G00 Z70 / G03 X-500 Y500 F50", 1, "-500|0|70|500|90.0"},
         {"XZ holds Y", "F1 mm", "G00 Y70 / G02 X500 Z-500 F50", 1, "0|70|-500|500|90.0"},
         {"YZ holds X", "F1 mm", "G00 X30 / G02 Y500 Z-500 F50", 1, "30|0|-500|500|90.0"},
         {"M99 gives the radius", "MK4 mm", "G02 X500 Z-400 F50 / M99 I500 K0", 0, "489|0|99|500|79.6"},
@@ -71,10 +69,7 @@ TEST(Arcs, CentreRadiusAndAngle)
 TEST(Arcs, WhatEndsTheWalk)
 {
     const struct {
-        const char* Name;
-        const char* Profile;
-        const char* Lines;
-        const char* Messages;
+        const char *Name, *Profile, *Lines, *Messages;
     } cases[] = {
         {"no move", "MK4 mm", "G02 X0 Z0 F50", "N00 !Start and End same value"},
         {"a move that no plane holds", "F1 mm", "G02 X5 Y5 Z5 F50", "N00 !Start and End same value"},
@@ -117,9 +112,7 @@ TEST(Arcs, WhatEndsTheWalk)
 TEST(Arcs, M99RBecomesM99)
 {
     const struct {
-        const char* Name;
-        const char* Profile;
-        const char* Lines;
+        const char *Name, *Profile, *Lines;
         int Number;
         const char *Code, *X, *Y, *Z;
     } cases[] = {
@@ -143,8 +136,7 @@ TEST(Arcs, M99RBecomesM99)
 TEST(Arcs, TheMk2WorksOutItsZ)
 {
     const struct {
-        const char* Name;
-        const char* Lines;
+        const char *Name, *Lines;
         int Number;
         const char *Z, *Tool;
     } cases[] = {
@@ -168,8 +160,7 @@ TEST(Arcs, TheMk2WorksOutItsZ)
 TEST(Arcs, AnglesOfStraightLines)
 {
     const struct {
-        const char* Lines;
-        const char* Angle;
+        const char *Lines, *Angle;
     } cases[] = {
         {"G01 X100 Z-100 F50", "R45.0"}, {"G01 X100 Z100 F50", "L45.0"},  {"G01 X-100 Z-100 F50", "L45.0"},
         {"G01 X-100 Z200 F50", "R26.6"}, {"G01 X200 Z-100 F50", "R63.4"}, {"G01 X100 Z0 F50", "   "},

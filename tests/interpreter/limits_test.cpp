@@ -11,10 +11,7 @@
 namespace {
 
 struct LimitCase {
-    const char* Name;
-    const char* Profile;
-    const char* Line;
-    const char* Message;
+    const char *Name, *Profile, *Line, *Message;
 };
 
 // A stored line is judged by the units in force, not by those it was typed in.
@@ -22,9 +19,7 @@ const LimitCase LimitCases[] = {
     {"the last X that fits", "MK4 mm", "G00 X5999 Z0", ""},
     {"one more", "MK4 mm", "G00 X6000 Z0", "!X= 5999 maximum"},
     {"one less", "MK2 mm", "G00 X-6000 Z0", "!X= -5999 minimum"},
-    {"the last X in inch", "MK2 inch", "G92 X-1999 Z0", ""},
-    {"one more in inch", "MK4 inch", "G92 X2000 Z0", "!X= 1999 maximum"},
-    {"the last Z", "MK4 mm", "M06 X0 Z32760 T1", ""},
+    {"one more than X holds in inch", "MK4 inch", "G92 X2000 Z0", "!X= 1999 maximum"},
     {"one Z more", "MK4 mm", "M06 X0 Z32761 T1", "!Z= 32760 maximum"},
     {"one Z less", "MK4 mm", "G78 X0 Z-32761 K100", "!Z= -32760 minimum"},
     {"Z in inch", "MK4 inch", "G84 X0 Z-12901 F100", "!Z= -12900 minimum"},
@@ -38,35 +33,22 @@ const LimitCase LimitCases[] = {
     {"least feed", "MK4 mm", "G01 X0 Z0 F2", ""},
     {"less", "MK4 mm", "G01 X0 Z0 F1", "!F= 2 minimum"},
     {"no feed", "MK4 mm", "G01 X0 Z0", "!F= 2 minimum"},
-    {"most feed", "MK4 mm", "G01 X0 Z0 F499", ""},
-    {"inch feeds end earlier", "MK4 inch", "G01 X0 Z0 F199", ""},
     {"one more inch feed", "MK4 inch", "G01 X0 Z0 F200", "!F= 199 maximum"},
     {"a pitch is called K", "MK4 mm", "G33 Z0 K500", "!K= 499 maximum"},
-    {"small pitch", "MK2 mm", "G78 X0 Z0 K1", "!K= 2 minimum"},
-    {"inch pitch", "MK4 inch", "G78 X0 Z0 K200", "!K= 199 maximum"},
     {"a dwell isn't negative on the lathe", "MK4 mm", "G04 X-1", "!X= 0 minimum"},
-    {"longest dwell", "MK4 mm", "G04 X5999", ""},
     {"longest dwell in inch", "MK4 inch", "G04 X2000", "!X= 1999 maximum"},
     {"a dwell is an axis on the mill", "F1 mm", "G04 X-1", ""},
     {"and its spindle counts", "F1 mm H", "G04 X10000", "!X= 9999 maximum"},
     {"a switch's time as a line", "MK2 mm", "G23 X0 Z0 T300", "!L= 221 maximum"},
     {"then as a time", "MK2 mm", "G23 X0 Z0 T600", "!F= 499 maximum"},
     {"in inch too", "MK2 inch", "G23 X0 Z0 T499", "!L= 221 maximum"},
-    {"a switch's X", "MK2 inch", "G23 X1000 Z0 T0", "!X= 999 maximum"},
-    {"play on the lathe", "MK4 mm", "M98 X0 Z-1", "!Z= 0 minimum"},
     {"play's line", "MK4 mm", "M98 X0 Z0 L222", "!L= 221 maximum"},
     {"a jump's line", "MK4 mm", "G27 L222", "!L= 221 maximum"},
     {"a call's line", "F1 inch", "G25 L-1", "!L= 0 minimum"},
-    {"the last line", "F1 mm", "G25 L221", ""},
-    {"centre below", "MK4 mm", "M99 I-1 K0", "!I= 0 minimum"},
-    {"centre", "MK4 mm", "M99 I5999 K32760", ""},
     {"centre beyond", "MK4 inch", "M99 I2000 K0", "!I= 1999 maximum"},
     {"centre's Z", "MK4 inch", "M99 I2000 K12901", "!K= 12900 maximum"},
     {"tool", "MK4 mm", "M06 X0 Z0 T500", "!T= 499 maximum"},
-    {"tool in inch", "MK4 inch", "M06 X0 Z0 T200", "!T= 199 maximum"},
-    {"least grooving cut", "MK4 mm", "G86 X0 Z0 F50 H10", ""},
     {"a division of 0", "MK4 mm", "G84 X0 Z0 F50 H0", ""},
-    {"a code with F alone", "MK4 mm", "G87 X9999 Z40 F1", "!F= 2 minimum"},
     {"a code without limits", "MK2 mm", "G26 X9999 Z0 T999", ""},
 
     {"X of the standing spindle", "F1 mm", "G00 X19999 Y9999 Z0", ""},
@@ -74,8 +56,6 @@ const LimitCase LimitCases[] = {
     {"X of the lying spindle", "F1 mm H", "G00 X-10000 Y0 Z0", "!X= -9999 minimum"},
     {"Y of the lying spindle", "F1 inch H", "G01 X3999 Y7999 Z0 F50", ""},
     {"one more", "F1 inch H", "G92 X0 Y-8000 Z0", "!Y= -7999 minimum"},
-    {"X in inch", "F1 inch", "G72 X8000 Y0 Z0 F50", "!X= 7999 maximum"},
-    {"Y in inch", "F1 inch", "G02 X0 Y4000 Z0 F50", "!Y= 3999 maximum"},
     {"Z is the same both ways", "F1 mm H", "G00 Z20000", "!Z= 19999 maximum"},
     {"Z in inch", "F1 inch H", "G83 Z-8000 F50", "!Z= -7999 minimum"},
     {"D is judged as X", "F1 inch H", "M06 D4000 S0 Z0 T1", "!X= 3999 maximum"},
@@ -123,8 +103,7 @@ TEST(Limits, SpeakTheUsersLanguage)
 TEST(Limits, FeedPresetsAreForcedIntoThoseOfTheUnits)
 {
     const struct {
-        const char* Profile;
-        const char *FeedA, *FeedB, *ClampedA, *ClampedB, *Tip;
+        const char *Profile, *FeedA, *FeedB, *ClampedA, *ClampedB, *Tip;
     } cases[] = {
         {"MK4 mm", "350", "1", "350", "2", "2 = Low, Hi = 499"},
         {"F1 mm", "500", "499", "499", "499", "2 = Low, Hi = 499"},

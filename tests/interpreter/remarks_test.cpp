@@ -2,6 +2,7 @@
 
 #include "core/main_window.h"
 #include "core/messages.h"
+#include "core/program_list.h"
 #include "interpreter/interpreter.h"
 #include "support/program.h"
 
@@ -12,9 +13,7 @@ namespace {
 TEST(Remarks, CutsAndSpeeds)
 {
     const struct {
-        const char* Name;
-        const char* Profile;
-        const char* Lines;
+        const char *Name, *Profile, *Lines;
         int Number;
         const char* Comment;
     } cases[] = {
@@ -96,9 +95,7 @@ TEST(Remarks, ACutDeeperThanTheWork)
 TEST(Tools, AreAskedForByTheMill)
 {
     const struct {
-        const char* Name;
-        const char* Lines;
-        const char* Messages;
+        const char *Name, *Lines, *Messages;
     } cases[] = {
         {"no tool", "G45 / G46 / G47 / G48 / G40",
          "N00 !Must be preceded by M06; N01 !Must be preceded by M06; "

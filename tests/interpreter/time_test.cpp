@@ -15,9 +15,7 @@ namespace {
 TEST(MachineTime, OfALineAndOfTheProgram)
 {
     const struct {
-        const char* Name;
-        const char* Profile;
-        const char* Lines;
+        const char *Name, *Profile, *Lines;
         int Number;
         const char *Line, *Total;
     } cases[] = {
@@ -83,10 +81,7 @@ std::string Axes()
 TEST(Axes, TheZeroPointIsAlwaysInside)
 {
     const struct {
-        const char* Name;
-        const char* Profile;
-        const char* Lines;
-        const char* Axes;
+        const char *Name, *Profile, *Lines, *Axes;
     } cases[] = {
         {"positive X", "MK4 mm", "G00 X100 Z-20 / G00 X50 Z-5", "0 150 150, 0 0 0, -25 0 25"},
         {"a register far away", "F1 mm", "G92 X-300 Y40 Z0 / G00 X-200 Y50 Z0", "-300 0 300, 0 50 50, 0 0 0"},

@@ -1,0 +1,476 @@
+#include "cli/key_script.h"
+
+#include "cli/open_program.h"
+#include "commands/keyboard.h"
+#include "commands/session.h"
+#include "commands/window.h"
+#include "core/main_window.h"
+#include "core/numbers.h"
+#include "core/program_list.h"
+#include "core/shared_state.h"
+#include "core/text.h"
+#include "editor/activation.h"
+#include "editor/find.h"
+#include "platform/files.h"
+#include "ui/choice.h"
+#include "ui/focus.h"
+#include "ui/panes.h"
+#include "ui/text_box.h"
+#include "ui/tick.h"
+
+#include <algorithm>
+#include <cerrno>
+
+namespace {
+
+using Fault = std::optional<std::string>;
+constexpr std::nullopt_t Fine = std::nullopt;
+
+struct NamedKey {
+    std::string_view Name;
+    KeyName Key;
+};
+constexpr NamedKey NamedKeys[] = {
+    {"ENTER", KeyName::Enter},   {"TAB", KeyName::Tab},
+    {"ESC", KeyName::Escape},    {"UP", KeyName::Up},
+    {"DOWN", KeyName::Down},     {"LEFT", KeyName::Left},
+    {"RIGHT", KeyName::Right},   {"HOME", KeyName::Home},
+    {"END", KeyName::End},       {"PGUP", KeyName::PageUp},
+    {"PGDN", KeyName::PageDown}, {"INSERT", KeyName::Insert},
+    {"DELETE", KeyName::Delete}, {"BACKSPACE", KeyName::Backspace},
+    {"F1", KeyName::F1},         {"F2", KeyName::F2},
+};
+
+/// The words of an item: its name and what follows.
+struct Item {
+    std::string Name;
+    std::string_view Rest;
+};
+
+std::string NextWord(std::string_view& rest)
+{
+    rest = rest.substr(std::min(rest.find_first_not_of(' '), rest.size()));
+    const std::string word(rest.substr(0, rest.find(' ')));
+    rest.remove_prefix(std::min(word.size() + 1, rest.size()));
+    return word;
+}
+
+/// A whole number, or nothing when the word is none.
+std::optional<int> NumberOf(const std::string& word)
+{
+    if (word.empty() || word.size() > 8) return std::nullopt;
+    const size_t digits = word.find_first_not_of("0123456789", word[0] == '-' ? 1 : 0);
+    if (digits != std::string::npos || word == "-") return std::nullopt;
+    return static_cast<int>(Val(word));
+}
+
+/// The control of a name, "cmdTopButtons(4)" for an element. A name means the find dialog's control while
+/// that is in front, else the main window's.
+Control* FindControl(std::string name)
+{
+    std::string window;
+    if (const size_t dot = name.find('.'); dot != std::string::npos) {
+        window = name.substr(0, dot);
+        name.erase(0, dot + 1);
+    }
+    if (window == "frmFind" || (window.empty() && IsFindInFront())) {
+        if (name == frmFind.txtFind.Name) return &frmFind.txtFind;
+    }
+    if (!window.empty() && window != "frmMain") return nullptr;
+    int element = -1;
+    if (const size_t bracket = name.find('('); bracket != std::string::npos && name.back() == ')') {
+        element = NumberOf(name.substr(bracket + 1, name.size() - bracket - 2)).value_or(-2);
+        name.erase(bracket);
+    }
+    Control* found = nullptr;
+    frmMain.ForEach([&](Control& control) {
+        if (name == control.Name && element == control.Element) found = &control;
+    });
+    return found;
+}
+
+Fault NoSuch(const std::string& what)
+{
+    return "there is no \"" + what + "\"";
+}
+
+/// Runs an action on the control that the next word names, which must be of a kind that `fits`.
+template <class Action> Fault WithControl(std::string_view rest, bool (*fits)(const Control&), Action action)
+{
+    const std::string name = NextWord(rest);
+    Control* const control = FindControl(name);
+    if (control == nullptr) return NoSuch(name);
+    if (!fits(*control)) return name + " is of another kind";
+    return action(*control, rest);
+}
+
+bool IsAny(const Control&)
+{
+    return true;
+}
+bool IsMenu(const Control& control)
+{
+    return control.Is == Kind::Menu;
+}
+bool IsCheckBox(const Control& control)
+{
+    return control.Is == Kind::CheckBox;
+}
+bool IsList(const Control& control)
+{
+    return control.Is == Kind::List || control.Is == Kind::Combo || control.Is == Kind::Tabs;
+}
+bool IsTextBox(const Control& control)
+{
+    return control.Is == Kind::TextBox || control.Is == Kind::Combo;
+}
+bool IsUnits(const Control& control)
+{
+    return control.In == &frmMain.frSettingsLathe || control.In == &frmMain.frSettingsMill;
+}
+
+template <class Action> Fault WithNumber(std::string_view rest, Action action)
+{
+    const auto number = NumberOf(NextWord(rest));
+    if (!number) return "a number is missing";
+    action(*number);
+    return Fine;
+}
+
+Fault Click(std::string_view rest)
+{
+    return WithControl(rest, IsAny, [](Control& control, std::string_view) -> Fault {
+        ClickControl(control);
+        return Fine;
+    });
+}
+
+Fault Check(std::string_view rest)
+{
+    return WithControl(rest, IsCheckBox, [](Control& box, std::string_view) -> Fault {
+        ClickControl(box);
+        return Fine;
+    });
+}
+
+Fault Menu(std::string_view rest)
+{
+    return WithControl(rest, IsMenu, [](Control& entry, std::string_view) -> Fault {
+        ChooseMenu(entry);
+        return Fine;
+    });
+}
+
+Fault Row(std::string_view rest)
+{
+    return WithNumber(rest, ClickRow);
+}
+
+Fault Select(std::string_view rest)
+{
+    return WithNumber(rest, [](int row) {
+        if (row >= 1 && row <= lvCncProgram.RowCount()) SelectRow(row);
+    });
+}
+
+Fault Header(std::string_view rest)
+{
+    return WithNumber(rest, [](int header) {
+        SetFocus(frmMain.lvCncProgram);
+        lvCncProgram_ColumnClick(header);
+    });
+}
+
+Fault Pick(std::string_view rest)
+{
+    return WithControl(rest, IsList, [](Control& list, std::string_view number) {
+        return WithNumber(number, [&](int item) { PickListItem(list, item - 1); });
+    });
+}
+
+Fault GiveFocus(std::string_view rest)
+{
+    return WithControl(rest, TakesFocus, [](Control& control, std::string_view) -> Fault {
+        if (&control != &frmFind.txtFind) SetFocus(control);
+        return Fine;
+    });
+}
+
+Fault ReplaceText(std::string_view rest)
+{
+    return WithControl(rest, IsTextBox, [](Control& box, std::string_view value) -> Fault {
+        if (!IsUsable(box)) return Fine;
+        SelectAll(box);
+        InsertText(box, std::string(value));
+        if (box.On.Change != nullptr) box.On.Change();
+        return Fine;
+    });
+}
+
+/// Chooses an option that the user finds on its tab.
+Fault ChooseOption(Control& option)
+{
+    for (const Control* at = &option; at != nullptr; at = at->In) {
+        if (!at->Enabled) return Fine;
+    }
+    if (IsUsable(option)) {
+        ClickControl(option);
+        return Fine;
+    }
+    // On a tab that isn't shown it can't keep the focus, but the field that is left is judged first.
+    SetFocus(frmMain.lvCncProgram);
+    if (HasFocus(frmMain.lvCncProgram) && !RefuseWhileBusy()) Choose(option);
+    return Fine;
+}
+
+Fault ChooseMachine(std::string_view rest)
+{
+    const std::string name = NextWord(rest);
+    if (name == "MK2") return ChooseOption(frmMain.optSettingsMK2);
+    if (name == "MK4") return ChooseOption(frmMain.optSettingsMK4);
+    if (name == "F1") return ChooseOption(frmMain.optSettingsF1CNC);
+    return NoSuch(name);
+}
+
+Fault ChooseUnits(std::string_view rest)
+{
+    return WithControl(rest, IsUnits, [](Control& option, std::string_view) { return ChooseOption(option); });
+}
+
+Fault AnswerBox(std::string_view rest)
+{
+    constexpr std::pair<std::string_view, Answer> Answers[] = {
+        {"Yes", Answer::Yes}, {"No", Answer::No}, {"Cancel", Answer::Cancel}, {"OK", Answer::OK}};
+    const std::string word = NextWord(rest);
+    for (const auto& [name, answer] : Answers) {
+        if (name != word) continue;
+        Console.Answers.push_back(answer);
+        return Fine;
+    }
+    return NoSuch(word);
+}
+
+Fault AnswerFile(std::string_view rest)
+{
+    if (rest.empty()) {
+        Console.Files.push_back(std::nullopt);
+        return Fine;
+    }
+    Console.Files.push_back(AbsolutePath(std::string(rest)));
+    return Fine;
+}
+
+Fault AnswerColor(std::string_view rest)
+{
+    return WithNumber(rest, [](int color) { Console.Colors.push_back(color); });
+}
+
+Fault Tick(std::string_view)
+{
+    tmr1sec_Timer();
+    return Fine;
+}
+
+/// Runs an action on the window that the next word names; only the main window has a frame yet.
+template <class Action> Fault WithWindow(std::string_view rest, Action action)
+{
+    const std::string name = NextWord(rest);
+    if (name != "frmMain" && name != "frmFind") return NoSuch(name);
+    if (name == "frmMain") action(rest);
+    return Fine;
+}
+
+Fault Activate(std::string_view rest)
+{
+    std::string_view words = rest;
+    if (NextWord(words) == "frmFind") BringFindToFront();
+    return WithWindow(rest, [](std::string_view) { BringMainToFront(); });
+}
+
+void GiveSize(int left, int top, int width, int height)
+{
+    Control& window = frmMain.Window;
+    window.Left = left;
+    window.Top = top;
+    window.Width = width;
+    window.Height = height;
+    Form_Resize();
+}
+
+Fault Resize(std::string_view rest)
+{
+    Fault fault = Fine;
+    const Fault window = WithWindow(rest, [&](std::string_view size) {
+        const auto width = NumberOf(NextWord(size)), height = NumberOf(NextWord(size));
+        if (!width || !height) {
+            fault = "a size is missing";
+            return;
+        }
+        Shared.Maximized = Shared.Minimized = false;
+        GiveSize(frmMain.Window.Left, frmMain.Window.Top, *width, *height);
+    });
+    return window ? window : fault;
+}
+
+/// The place that a window goes back to.
+struct Rectangle {
+    int Left, Top, Width, Height;
+};
+Rectangle Normal{};
+
+Fault Maximize(std::string_view rest)
+{
+    return WithWindow(rest, [](std::string_view) {
+        if (Shared.Maximized) return;
+        const Control& window = frmMain.Window;
+        if (!Shared.Minimized) Normal = {window.Left, window.Top, window.Width, window.Height};
+        Shared.Minimized = false;
+        Shared.Maximized = true;
+        GiveSize(0, 0, Shared.Screen.Width, Shared.Screen.WorkHeight);
+    });
+}
+
+Fault Minimize(std::string_view rest)
+{
+    return WithWindow(rest, [](std::string_view) {
+        const Control& window = frmMain.Window;
+        if (!Shared.Maximized && !Shared.Minimized)
+            Normal = {window.Left, window.Top, window.Width, window.Height};
+        Shared.Minimized = true;
+    });
+}
+
+Fault Restore(std::string_view rest)
+{
+    return WithWindow(rest, [](std::string_view) {
+        if (Shared.Minimized && Shared.Maximized) {
+            Shared.Minimized = false; // back to where it was
+            return;
+        }
+        if (!Shared.Maximized && !Shared.Minimized) return;
+        Shared.Maximized = Shared.Minimized = false;
+        GiveSize(Normal.Left, Normal.Top, Normal.Width, Normal.Height);
+    });
+}
+
+Fault Close(std::string_view rest)
+{
+    std::string_view words = rest;
+    if (NextWord(words) == "frmFind") {
+        HideFind();
+        return Fine;
+    }
+    return WithWindow(rest, [](std::string_view) { mnuExit_Click(); });
+}
+
+ssize_t WriteToFullDisk(int, const void*, size_t)
+{
+    errno = ENOSPC;
+    return -1;
+}
+
+Fault Disk(std::string_view rest)
+{
+    static const auto write = Calls.Write;
+    const std::string state = NextWord(rest);
+    if (state != "FULL" && state != "OK") return NoSuch(state);
+    Calls.Write = state == "FULL" ? WriteToFullDisk : write;
+    return Fine;
+}
+
+struct ItemRoutine {
+    std::string_view Name;
+    Fault (*Run)(std::string_view rest);
+};
+constexpr ItemRoutine Items[] = {
+    {"CLICK", Click},
+    {"CHECK", Check},
+    {"MENU", Menu},
+    {"ROW", Row},
+    {"RIGHTROW", Row},
+    {"SELECT", Select},
+    {"HEADER", Header},
+    {"PICK", Pick},
+    {"FOCUS", GiveFocus},
+    {"TEXT", ReplaceText},
+    {"MACHINE", ChooseMachine},
+    {"UNITS", ChooseUnits},
+    {"ANSWER", AnswerBox},
+    {"FILE", AnswerFile},
+    {"COLOR", AnswerColor},
+    {"TICK", Tick},
+    {"ACTIVATE", Activate},
+    {"RESIZE", Resize},
+    {"MAXIMIZE", Maximize},
+    {"MINIMIZE", Minimize},
+    {"RESTORE", Restore},
+    {"CLOSE", Close},
+    {"DISK", Disk},
+};
+
+/// "{CTRL-S}", "{SHIFT-CTRL-E}", "{ENTER}": a key with what is held down; nothing when it is none.
+std::optional<KeyStroke> KeyOf(std::string_view name)
+{
+    KeyStroke key;
+    for (;;) {
+        if (name.starts_with("CTRL-")) {
+            key.Ctrl = true;
+            name.remove_prefix(5);
+        } else if (name.starts_with("ALT-")) {
+            key.Alt = true;
+            name.remove_prefix(4);
+        } else if (name.starts_with("SHIFT-")) {
+            key.Shift = true;
+            name.remove_prefix(6);
+        } else {
+            break;
+        }
+    }
+    for (const NamedKey& named : NamedKeys) {
+        if (named.Name != name) continue;
+        key.Name = named.Key;
+        return key;
+    }
+    const bool letter = name.size() == 1 && (key.Ctrl || key.Alt) && name[0] >= 'A' && name[0] <= 'Z';
+    if (!letter) return std::nullopt;
+    key.Typed = name[0];
+    return key;
+}
+
+Fault RunItem(std::string_view item)
+{
+    if (const auto key = KeyOf(item)) {
+        PressKey(*key);
+        return Fine;
+    }
+    std::string_view rest = item;
+    const std::string name = NextWord(rest);
+    for (const ItemRoutine& routine : Items) {
+        if (routine.Name == name) return routine.Run(rest);
+    }
+    return "an item of that name is not known";
+}
+
+} // namespace
+
+std::optional<std::string> RunKeyScript(std::string_view script)
+{
+    while (!script.empty() && !Shared.Ended) {
+        const char c = script.front();
+        if (c == '{' && !script.starts_with("{{")) {
+            const size_t end = script.find('}');
+            if (end == std::string_view::npos)
+                return "a brace isn't closed: " + std::string(script.substr(0, 40));
+            const std::string_view item = script.substr(1, end - 1);
+            if (const Fault fault = RunItem(item)) return "{" + std::string(item) + "}: " + *fault;
+            script.remove_prefix(end + 1);
+        } else {
+            const bool doubled = script.starts_with("{{") || script.starts_with("}}");
+            script.remove_prefix(doubled ? 2 : 1);
+            if (c == '\r' || c == '\n') continue;
+            PressKey({KeyName::Character, c});
+        }
+        AfterEvent();
+    }
+    return std::nullopt;
+}

@@ -1,0 +1,27 @@
+// keyboard.h: the way of a key, and of a click, through the program.
+
+#pragma once
+
+#include "core/control.h"
+
+/// A key reaches, in this order: the shortcuts, the window, the focused control's KeyDown, its KeyPress;
+/// what they leave is typed into the control as its widget would do it.
+void PressKey(const KeyStroke& key);
+
+/// Whether the control is of a kind that takes the focus: not menus, labels, frames, pictures.
+bool TakesFocus(const Control& control);
+
+/// The user clicks a control: it takes the focus if it is of a kind that does, then its Click runs. Does
+/// nothing on one that isn't usable, or when the field that was left took the focus back. Check boxes
+/// and options change their value first.
+void ClickControl(Control& control);
+
+/// Chooses a menu entry; nothing when it or a menu above it is disabled. The tick runs first.
+void ChooseMenu(Control& entry);
+
+/// Picks an item of a list, combo or tabs, from 0.
+void PickListItem(Control& list, int index);
+
+/// Selects a row of the list and activates it, as a click does; with the right button the pop-up menu's
+/// entries then act on it.
+void ClickRow(int row);

@@ -1,0 +1,189 @@
+#include "commands/window.h"
+
+#include "commands/load.h"
+#include "commands/program.h"
+#include "commands/save.h"
+#include "core/app_data.h"
+#include "core/main_window.h"
+#include "core/messages.h"
+#include "core/program_list.h"
+#include "core/shared_state.h"
+#include "editor/feeds.h"
+#include "editor/run.h"
+#include "interpreter/interpreter.h"
+#include "platform/platform.h"
+#include "ui/columns.h"
+#include "ui/focus.h"
+#include "ui/panes.h"
+#include "ui/profile_controls.h"
+
+namespace {
+
+constexpr Control MainWindow::*HelpPages[] = {&MainWindow::rtfHelp, &MainWindow::rtfGcodeHelpMK2,
+                                              &MainWindow::rtfGcodeHelpMK4, &MainWindow::rtfAbout,
+                                              &MainWindow::lstAbout};
+
+void HidePages()
+{
+    for (const auto page : HelpPages) (frmMain.*page).Visible = false;
+}
+
+/// Shows a page in the place of any other; false when it was up already and is now closed.
+bool TogglePage(Control& page)
+{
+    if (page.Visible) {
+        cmdReturn_Click();
+        return false;
+    }
+    ControlsEnable(false);
+    frmMain.mnuHelp.Enabled = true;
+    HidePages();
+    frmMain.cmdReturn.Visible = true;
+    page.Visible = true;
+    return true;
+}
+
+void ToggleAxes(Control& picture)
+{
+    picture.Visible = !picture.Visible;
+    frmMain.cmdReturn.Visible = picture.Visible;
+}
+
+void ChooseColor(float& color)
+{
+    if (RefuseWhileBusy()) return;
+    const auto chosen = ThePlatform->AskForColor(static_cast<int>(color));
+    if (!chosen) return;
+    color = static_cast<float>(*chosen);
+    ShowLineColors();
+    Interpreter();
+}
+
+} // namespace
+
+void mnuHelpText_Click()
+{
+    TogglePage(frmMain.rtfHelp);
+}
+
+void mnuGhelp_Click()
+{
+    TogglePage(Shared.Machine == MachineKind::MK2 ? frmMain.rtfGcodeHelpMK2 : frmMain.rtfGcodeHelpMK4);
+}
+
+void mnuAbout_Click()
+{
+    if (!TogglePage(frmMain.rtfAbout)) return;
+    Control& list = frmMain.lstAbout;
+    list.Visible = true;
+    list.Items = {TextOf(Messages::ProgramVersion) + ":", std::string(ProductVersion) + "(2012/02/05)",
+                  TextOf(Messages::LanguageModule) + ":", std::string(TextOr("None", Shared.LanguageName))};
+    const std::string translator = TextOf(Messages::Translator);
+    if (translator.empty()) return;
+    list.Items.push_back(translator + ":");
+    list.Items.push_back(Shared.TranslatorName);
+}
+
+void lstAbout_Click()
+{
+    frmMain.lstAbout.Visible = false;
+}
+
+void mnuSettingsShow_Click()
+{
+    frmMain.tabSettings.Visible = !frmMain.tabSettings.Visible;
+    SetFocus(frmMain.tabSettings.Visible ? frmMain.tabSettings : frmMain.lvCncProgram);
+}
+
+void cmdTopButtons_Click(int index)
+{
+    switch (index) {
+    case 0: mnuOpen_Click(); break;
+    case 1: SaveFile_Click(false); break;
+    case 2: mnuNew_Click(); break;
+    case 4: mnuSettingsShow_Click(); break;
+    case 5: ToggleAxes(frmMain.picZXaxes); break;
+    case 6: ToggleAxes(frmMain.picXYaxes); break;
+    default: break;
+    }
+}
+
+void AxesPicture_Click()
+{
+    HideAxesPictures();
+    frmMain.tabSettings.Visible = false;
+}
+
+void mnuCalculator_Click()
+{
+    static const std::vector<std::string> calculators{
+        "gnome-calculator", "kcalc", "mate-calc", "qalculate-gtk", "galculator", "speedcrunch", "xcalc"};
+    if (!ThePlatform->Launch(calculators)) ShowMessage("No calculator was found", "", Icon::Exclamation);
+}
+
+void lblSettingsIncrColor_Click()
+{
+    ChooseColor(Shared.IncrColor);
+}
+
+void lblSettingsAbsColor_Click()
+{
+    ChooseColor(Shared.AbsColor);
+}
+
+void mnuExit_Click()
+{
+    if (LineCount() > 0 && Shared.Changed) {
+        const MessageBox box{TextOf(Messages::SaveOpenFile), TextOf(Messages::Continue),
+                             Buttons::YesNoCancel};
+        const Answer answer = ThePlatform->Show(box);
+        if (answer == Answer::Cancel) return;
+        if (answer == Answer::Yes) {
+            if (Shared.RunLocked) cmdStop_Click();
+            mnuSave_Click();
+            if (Shared.Changed) return;
+        }
+        Shared.Changed = false;
+    }
+    // A walk that waits is abandoned with the program.
+    ResetInterpreter();
+    Shared.RunMode = Shared.RunLocked = false;
+    Shared.Ended = true;
+}
+
+void Form_Activate()
+{
+    TakeFeeds();
+    HideAxesPictures();
+    HidePages();
+    MakeLinePropertiesColumns();
+}
+
+void Form_Resize()
+{
+    if (Shared.Minimized) return;
+    if (Shared.Maximized && Shared.Screen.WorkHeight <= MinHeight) {
+        ShowMessage(TextOf(Messages::DragTaskBar));
+        Shared.Maximized = false;
+    }
+    if (frmMain.Window.Height >= MinHeight && frmMain.Window.Width >= MinWidth) ControlsPositioning();
+}
+
+void FitSmallScreen()
+{
+    constexpr int SmallWidth = 12000, SmallHeight = 9000; // 800 × 600 pixels
+    const Screen& screen = Shared.Screen;
+    if (screen.Width > SmallWidth || screen.Height > SmallHeight) return;
+    Control& window = frmMain.Window;
+    if (screen.WorkHeight > MinHeight) {
+        Shared.Maximized = true;
+        window.Left = window.Top = 0;
+        window.Width = screen.Width;
+        window.Height = screen.WorkHeight;
+    } else {
+        ShowMessage(TextOf(Messages::LowerPartBlocked));
+        window.Width = MinWidth;
+        window.Height = MinHeight;
+    }
+    Form_Resize();
+}

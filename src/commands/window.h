@@ -1,0 +1,33 @@
+// window.h: the commands of the main window beside the program's: help pages, settings, exit.
+
+#pragma once
+
+/// Help pages: each locks the window but for the Help menu; called again it closes its page.
+void mnuHelpText_Click();
+void mnuGhelp_Click();
+void mnuAbout_Click();
+void lstAbout_Click();
+
+/// The settings pane over the code lists, shown or hidden.
+void mnuSettingsShow_Click();
+/// The tool bar, by the button's index.
+void cmdTopButtons_Click(int index);
+/// A click on an axes picture closes it, and the settings.
+void AxesPicture_Click();
+
+/// Starts a desktop calculator, or says that there is none.
+void mnuCalculator_Click();
+
+void lblSettingsIncrColor_Click();
+void lblSettingsAbsColor_Click();
+
+/// Leaves the program: asks to save a changed one; a cancel or a save that fails stops the exit.
+void mnuExit_Click();
+
+/// The main window came to the front from another window of the program.
+void Form_Activate();
+/// The window has another size. On a screen that has no room for a maximised window it goes back to
+/// normal state, with a message.
+void Form_Resize();
+/// Maximises the window on a small screen, or says that the task bar covers its lower part.
+void FitSmallScreen();

@@ -1,0 +1,29 @@
+// code_box.h: the box of the code, its letter, and the lists from which a code is picked.
+
+#pragma once
+
+#include "core/control.h"
+
+char txtGMcode_KeyPress(Control& box, char typed);
+bool txtGMcode_KeyDown(Control& box, const KeyStroke& key);
+void txtGMcode_GotFocus(Control& box);
+/// Completes and checks the code and sets up its fields. An unknown code keeps the cursor.
+void txtGMcode_LostFocus(Control& box);
+
+/// An item of the list was picked, by the user or by PickCode: letter, code, fields and comment follow.
+void lstMK2Gcodes_Click();
+void lstMK4Gcodes_Click();
+void lstMK4Mcodes_Click();
+void lstF1Gcodes_Click();
+void lstF1Mcodes_Click();
+
+/// Completes a code that was left half typed ("5" becomes "05"). False when it isn't known; the user was
+/// told, and the cursor is in the code box.
+bool CompleteCode();
+
+/// Picks the first item of the machine's list whose first 4 characters are the code's, in any case; a
+/// code that stands in no list changes nothing. Clears the selection of all lists first.
+void PickCode(const std::string& code);
+
+/// The picking list of the machine for codes with the letter M, or G.
+Control& CodeListOf(bool letterM);

@@ -1,0 +1,35 @@
+// focus.h: which control has the cursor, and what happens on its way from one to another.
+//
+// The focus belongs to the engine, so entry behaves the same in a window, in a test and in a script.
+
+#pragma once
+
+#include "core/control.h"
+
+/// The control that has the focus, null for none.
+Control* Focused();
+bool HasFocus(const Control& control);
+
+/// Visible and enabled, and all its containers too.
+bool IsUsable(const Control& control);
+
+/// Gives the focus: runs LostFocus of the old and GotFocus of the new control at once. A handler that
+/// moves the focus itself wins. Nothing for the control that has the focus, or one that isn't usable. A
+/// field that never got its GotFocus gets no LostFocus.
+void SetFocus(Control& control);
+
+/// Moves the focus to the next stop of the [TAB] key, or the one before; hidden and disabled ones are
+/// passed over, and behind the last comes the first.
+void FocusNextStop();
+void FocusPreviousStop();
+
+/// Whether the focus is being moved by FocusNextStop: a code that sets up its fields may then send the
+/// cursor on to the first of them.
+bool IsMovingOn();
+
+/// A focused control that was hidden or disabled loses the focus without its LostFocus, and the list
+/// takes it. Runs when an event is over.
+void MendFocus();
+
+/// Takes the focus from whoever has it, without events.
+void ResetFocus();

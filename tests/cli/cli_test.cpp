@@ -1,0 +1,174 @@
+// brixley-cli as the shell sees it: exit status, standard output and standard error.
+
+#include "support/program.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <sys/wait.h>
+
+namespace {
+
+const std::string Good = "Notes\n%\n    N` G`   X `    Z `  F`  H \n"
+                         "    00 90\n    01 00  2000    100\n    02 01  2000 - 1000  50\n    03M30\n   M\n";
+const std::string Bad =
+    "%\n    N` G`   X `    Z `  F`  H \n    00 01  6000     00  50\n    01 27               10\n"
+    "    02M30\n   M\n";
+
+struct Ran {
+    int Status;
+    std::string Out, Err;
+};
+
+class Cli : public ::testing::Test
+{
+protected:
+    Cli()
+    {
+        Work.Put("good.cnc", WithCrLf(Good));
+        Work.Put("bad.cnc", WithCrLf(Bad));
+        Work.Put("header.cnc", WithCrLf("%\n    N` G`   X `    Z `  F`  H \n"));
+        Work.Put("letter.txt", "Dear reader");
+        Work.Put("german.txt", "[Brixley, Language Resource]\r\n");
+        Work.Put("old.cnc", "old");
+        std::filesystem::create_directory(Work / "sub");
+    }
+
+    /// Runs it in the folder of the files; the words are for the shell.
+    Ran Call(const std::string& words) const
+    {
+        const std::string line =
+            "cd '" + (Work / "") + "' && >>.out 2>.err </dev/null '" BRIXLEY_CLI "' " + words;
+        Work.Put(".out", "");
+        const int status = std::system(line.c_str()); // NOLINT: what a shell does is what is tested
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, BytesOf(Work / ".out"), BytesOf(Work / ".err")};
+    }
+    std::string File(const char* name) const { return BytesOf(Work / name); }
+
+    const Folder Work;
+};
+
+TEST_F(Cli, CheckPrintsEachMessageAndALineForEachFile)
+{
+    const Ran good = Call("check good.cnc");
+    EXPECT_EQ(good.Status, 0);
+    EXPECT_EQ(good.Out,
+              "good.cnc: MK4, 1/100 mm, 4 lines, 4 executed, 00:00:15, 0 messages\n"); // 1.76 s, 13.2 s
+    EXPECT_EQ(good.Err, "");
+
+    const Ran both = Call("check good.cnc bad.cnc");
+    EXPECT_EQ(both.Status, 1);
+    EXPECT_EQ(both.Out,
+              good.Out +
+                  "bad.cnc:N00: !X= 5999 maximum\n"
+                  "bad.cnc:N01: !Line doesn't exist\n"
+                  "bad.cnc: MK4, 1/100 mm, 3 lines, 1 executed, xx:xx:xx, 2 messages, 2 lines not reached\n");
+    EXPECT_EQ(both.Err, "");
+}
+
+TEST_F(Cli, WhatCannotBeDoneSaysWhyOnOneLine)
+{
+    const struct {
+        const char* Words;
+        const char* Why; ///< part of the line
+    } cases[] = {
+        {"", "subcommand"},
+        {"chek good.cnc", ""},
+        {"check", "FILE"},
+        {"check --speed good.cnc", "--speed"},
+        {"check --machine MK3 good.cnc", "MK3"},
+        {"check --units cm good.cnc", "cm"},
+        {"show --view gcode,color good.cnc", "color"},
+        {"check missing.cnc", "missing.cnc"},
+        {"check sub", "sub"},
+        {"check good.cnc letter.txt", "letter.txt"},
+        {"check good.cnc bad.cnc german.txt", "language module"},
+        {"show letter.txt", "letter.txt"},
+        {"show --json german.txt", "language module"},
+        {"listing header.cnc", "no lines"},
+        {"save good.cnc", "-o"},
+        {"save missing.cnc -o old.cnc", "missing.cnc"},
+        {"save letter.txt -o old.cnc", "letter.txt"},
+        {"save good.cnc -o sub", "sub"},
+        {"save good.cnc -o missing/out.cnc", "out.cnc"},
+        {"save good.cnc -o /proc/self/out.cnc", "out.cnc"},
+        {"save good.cnc -o ''", ""},
+        {"convert good.cnc -o out.cnc", "--to"},
+        {"convert good.cnc --to cm -o out.cnc", "cm"},
+        {"convert good.cnc --to inch -o sub", "sub"},
+        {"show good.cnc >/dev/full", "written"},
+    };
+    for (const auto& c : cases) {
+        const Ran run = Call(c.Words);
+        EXPECT_EQ(run.Status, 2) << c.Words;
+        EXPECT_EQ(run.Out, "") << c.Words;
+        EXPECT_EQ(std::count(run.Err.begin(), run.Err.end(), '\n'), 1) << c.Words << ": " << run.Err;
+        EXPECT_TRUE(run.Err.ends_with("\n")) << c.Words;
+        EXPECT_NE(run.Err.find(c.Why), std::string::npos) << c.Words << ": " << run.Err;
+    }
+    EXPECT_EQ(File("old.cnc"), "old");
+    EXPECT_FALSE(std::filesystem::exists(Work / "out.cnc"));
+}
+
+TEST_F(Cli, ShowsProgramsWithMessagesToo)
+{
+    const Ran table = Call("show bad.cnc");
+    EXPECT_EQ(table.Status, 0);
+    EXPECT_NE(table.Out.find("\n> "), std::string::npos) << table.Out;
+    EXPECT_EQ(table.Out.find('\x1b'), std::string::npos); // no terminal, no colour
+
+    const Ran json = Call("show --json bad.cnc");
+    EXPECT_EQ(json.Status, 0);
+    const auto state = nlohmann::json::parse(json.Out);
+    EXPECT_EQ(state["machine"], "MK4");
+    EXPECT_EQ(state["path"], Work / "bad.cnc");
+    EXPECT_EQ(state["rows"].size(), 4U);
+    EXPECT_EQ(state["rows"][0]["cells"][8], "!X= 5999 maximum");
+    EXPECT_EQ(state["rows"][3]["cells"][1], "NN");
+    EXPECT_EQ(state["flags"]["ErrorsPresent"], true);
+    EXPECT_EQ(state["errorHeader"], "Error in line 0");
+    EXPECT_EQ(Call("--version").Status, 0);
+    EXPECT_EQ(Call("save --help").Status, 0);
+}
+
+TEST_F(Cli, OptionsAreInForceUntilTheFileSaysOtherwise)
+{
+    EXPECT_NE(Call("check --units inch --machine F1 good.cnc").Out.find("MK4, 1/100 mm,"), std::string::npos);
+    EXPECT_NE(Call("check --units inch header.cnc").Out.find("MK4, 1/1000 \","), std::string::npos);
+    Work.Put("mill.cnc", WithCrLf("%\n    N` G`  X  `  Y `   Z ` F  \n    00M30\n"));
+    EXPECT_NE(Call("check --orientation horizontal mill.cnc").Out.find("F1, H 1/100 mm,"), std::string::npos);
+    const Ran listing = Call("listing --columns toolpos,gcode good.cnc");
+    EXPECT_EQ(listing.Status, 0);
+    EXPECT_NE(listing.Out.find("    Tool X    Tool Z   Comment\r\n"), std::string::npos) << listing.Out;
+    EXPECT_NE(listing.Out.find("  1000       100  @  Rapid Traverse\r\n"), std::string::npos) << listing.Out;
+}
+
+TEST_F(Cli, SavesWhatItHasSavedByteForByte)
+{
+    Work.Put("open.cnc", WithCrLf("%\n    N` G`  X  `  Y `   Z ` F  \n    00 01 100\n   M\n"));
+    for (const char* name : {"good.cnc", "bad.cnc", "open.cnc", "header.cnc"}) {
+        EXPECT_EQ(Call(std::string("save ") + name + " -o first.cnc").Status, 0) << name;
+        EXPECT_EQ(Call("save first.cnc -o second.cnc").Status, 0) << name;
+        EXPECT_EQ(File("second.cnc"), File("first.cnc")) << name;
+        EXPECT_NE(File("first.cnc").find("M30 "), std::string::npos) << name;
+    }
+    // Onto itself, and over another one.
+    EXPECT_EQ(Call("save first.cnc -o first.cnc").Status, 0);
+    EXPECT_EQ(File("first.cnc"), File("second.cnc"));
+    const Ran over = Call("save good.cnc -o old.cnc");
+    EXPECT_EQ(over.Status, 0);
+    EXPECT_EQ(over.Out + over.Err, "");
+    EXPECT_TRUE(File("old.cnc").starts_with("Notes\r\n%\r\n    N` G`"));
+}
+
+TEST_F(Cli, ConvertsOnlyWhatIsInOtherUnits)
+{
+    EXPECT_EQ(Call("convert good.cnc --to inch -o inch.cnc").Status, 0);
+    EXPECT_NE(File("inch.cnc").find("    02 01   787 -  394  20"), std::string::npos) << File("inch.cnc");
+    EXPECT_TRUE(File("inch.cnc").ends_with("   \"\r\n"));
+    EXPECT_EQ(Call("convert inch.cnc --to inch -o same.cnc").Status, 0);
+    EXPECT_EQ(File("same.cnc"), File("inch.cnc"));
+}
+
+} // namespace
