@@ -11,7 +11,7 @@
 #include "core/text.h"
 #include "editor/activation.h"
 #include "editor/find.h"
-#include "platform/files.h"
+#include "platform/failing_disk.h"
 #include "ui/choice.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
@@ -19,7 +19,6 @@
 #include "ui/tick.h"
 
 #include <algorithm>
-#include <cerrno>
 
 namespace {
 
@@ -363,18 +362,11 @@ Fault Close(std::string_view rest)
     return WithWindow(rest, [](std::string_view) { mnuExit_Click(); });
 }
 
-ssize_t WriteToFullDisk(int, const void*, size_t)
-{
-    errno = ENOSPC;
-    return -1;
-}
-
 Fault Disk(std::string_view rest)
 {
-    static const auto write = Calls.Write;
     const std::string state = NextWord(rest);
     if (state != "FULL" && state != "OK") return NoSuch(state);
-    Calls.Write = state == "FULL" ? WriteToFullDisk : write;
+    FillDisk(state == "FULL");
     return Fine;
 }
 

@@ -4,6 +4,7 @@
 // reaching the fault. What is on the disk is judged with the C++ library, not with the routines under
 // test. Some cases are about rights, which root doesn't feel: those run as "nobody" when root starts them.
 
+#include "platform/failing_disk.h"
 #include "platform/files.h"
 
 #include <algorithm>
@@ -36,58 +37,9 @@ const SystemCalls Slow = [] {
     return calls;
 }();
 
-// ---- Calls that fail ----
-
-struct Fault {
-    int At = 0; ///< which call fails, the first is 1; 0 for none
-    bool FromThereOn = false;
-    int Error = 0;
-    int Made = 0;            ///< calls so far
-    bool LastFailed = false; ///< the latest of them
-    std::vector<std::string> Done = {}, Refused = {};
-} Now;
-
-bool Fails(const char* name)
+void InstallFault(const DiskFault& fault)
 {
-    ++Now.Made;
-    Now.LastFailed = Now.At != 0 && (Now.FromThereOn ? Now.Made >= Now.At : Now.Made == Now.At);
-    (Now.LastFailed ? Now.Refused : Now.Done).push_back(name);
-    return Now.LastFailed;
-}
-
-template <auto Member, typename Type = decltype(Member)> struct Faulty;
-
-template <auto Member, typename Result, typename... Parameters>
-struct Faulty<Member, Result (*SystemCalls::*)(Parameters...)> {
-    static inline const char* Name = "";
-    static Result Call(Parameters... parameters)
-    {
-        // A failing close has closed the file all the same.
-        const bool closes = std::string_view(Name) == "Close";
-        const bool fails = Fails(Name);
-        const Result result = fails && !closes ? -1 : (Slow.*Member)(parameters...);
-        if (fails) errno = Now.Error;
-        return fails ? -1 : result;
-    }
-};
-
-template <auto... Members> void Install(std::initializer_list<const char*> names)
-{
-    static_assert(sizeof...(Members) * sizeof(void (*)()) == sizeof(SystemCalls), "a call is left out");
-    auto name = names.begin();
-    ((Faulty<Members>::Name = *name++, Calls.*Members = &Faulty<Members>::Call), ...);
-}
-
-using S = SystemCalls;
-
-void InstallFault(const Fault& fault)
-{
-    Now = fault;
-    Install<&S::Open, &S::Close, &S::ReadAt, &S::Write, &S::Sync, &S::DropCache, &S::Stat, &S::FileStat,
-            &S::ChangeMode, &S::ChangeOwner, &S::Access, &S::ReadLink, &S::Rename, &S::Unlink,
-            &S::MakeFolder>({"Open", "Close", "ReadAt", "Write", "Sync", "DropCache", "Stat", "FileStat",
-                             "ChangeMode", "ChangeOwner", "Access", "ReadLink", "Rename", "Unlink",
-                             "MakeFolder"});
+    FailDisk(fault, Slow);
 }
 
 // ---- The world around ----
@@ -173,20 +125,22 @@ struct FilesTest : testing::Test {
     // to the cache, closing the folder at the very end.
     static bool Harmless()
     {
-        if (Now.Refused.empty() || Now.Error == EINTR) return true;
-        const std::string& call = Now.Refused[0];
-        return (call == "Open" && Now.Error == EACCES) || call == "ChangeOwner" || call == "DropCache" ||
-               (call == "Close" && Now.LastFailed);
+        if (FailingDisk.Refused.empty() || FailingDisk.Fault.Error == EINTR) return true;
+        const std::string& call = FailingDisk.Refused[0];
+        return (call == "Open" && FailingDisk.Fault.Error == EACCES) || call == "ChangeOwner" ||
+               call == "DropCache" || (call == "Close" && FailingDisk.LastFailed);
     }
 
     // Saves under one fault and judges what is there afterwards.
-    void SaveUnder(const Fault& fault, const fs::path& path, bool hasOld)
+    void SaveUnder(const DiskFault& fault, const fs::path& path, bool hasOld)
     {
         const auto open = OpenFiles();
         const std::vector<std::string> before = Names();
         InstallFault(fault);
         const Failed failure = ReplaceFile(path, New);
-        const auto did = [](const char* call) { return std::count(Now.Done.begin(), Now.Done.end(), call); };
+        const auto did = [](const char* call) {
+            return std::count(FailingDisk.Done.begin(), FailingDisk.Done.end(), call);
+        };
         Calls = Real;
 
         // All or nothing, and nothing besides; only when all fails may a file that can't be removed stay.
@@ -206,13 +160,13 @@ struct FilesTest : testing::Test {
             EXPECT_TRUE(!renamed || did("Sync") == 1);
         } else {
             EXPECT_TRUE(renamed && did("Unlink") == 0);
-            EXPECT_TRUE(Harmless()) << Now.Refused[0] << " failed and nobody was told";
+            EXPECT_TRUE(Harmless()) << FailingDisk.Refused[0] << " failed and nobody was told";
         }
 
         // Nobody gets a right that he hadn't; with all calls well, owner and rights are the old ones.
         if (!hasOld) return;
         EXPECT_EQ(ModeOf(path) & ~mode_t{0664}, 0u);
-        if (!Now.Refused.empty()) return;
+        if (!FailingDisk.Refused.empty()) return;
         EXPECT_EQ(ModeOf(path), 0664u);
         EXPECT_TRUE(::getuid() != 0 || InfoOf(path).st_uid == Nobody);
     }
@@ -248,7 +202,7 @@ TEST_F(FilesTest, SavingSurvivesEveryFailingCall)
                     SaveUnder({at, on, error}, c.ThroughLink ? link : Saved, c.HasOld);
                     EXPECT_EQ(fs::is_symlink(link), c.ThroughLink);
                     EXPECT_TRUE(error != EINTR || Content(Saved) == New) << "an interrupted call ended it";
-                } while (!Now.Refused.empty() && !HasFailure());
+                } while (!FailingDisk.Refused.empty() && !HasFailure());
                 EXPECT_GT(at, 12) << "the faults reached too little";
             }
         }
@@ -261,7 +215,7 @@ TEST_F(FilesTest, NothingIsRenamedBeforeTheDiskHasIt)
     InstallFault({});
     ASSERT_FALSE(ReplaceFile(Saved, New));
     std::string order;
-    for (const std::string& call : Now.Done)
+    for (const std::string& call : FailingDisk.Done)
         if (call == "Write" || call == "Sync" || call == "ReadAt" || call == "Rename") order += call[0];
     order.erase(std::unique(order.begin(), order.end()), order.end());
     EXPECT_EQ(order, "WSRS") << "write, sync, read back and rename, sync of the folder";
@@ -446,7 +400,7 @@ TEST_F(FilesTest, APipeIsNotTouchedNorWaitedFor)
     ::alarm(20); // who waits ends the test here
     InstallFault({});
     EXPECT_TRUE(ReadWholeFile(pipe, bytes) && AppendToFile(pipe, New) && ReadWholeFile("/dev/zero", bytes));
-    EXPECT_EQ(std::count(Now.Done.begin(), Now.Done.end(), "Open"), 0);
+    EXPECT_EQ(std::count(FailingDisk.Done.begin(), FailingDisk.Done.end(), "Open"), 0);
 
     // Something takes the name of a file in the moment between the look and the opening.
     Calls.Stat = [](const char*, struct stat* info) { return Real.Stat("/proc/self/status", info); };
@@ -500,14 +454,14 @@ TEST_F(FilesTest, ReadingAndLoggingUnderEveryFailingCall)
             std::string bytes = "untouched";
             InstallFault({at, false, error});
             const Failed failure = ReadWholeFile(Saved, bytes);
-            const bool reached = !Now.Refused.empty();
+            const bool reached = !FailingDisk.Refused.empty();
             EXPECT_EQ(bytes, failure ? "untouched" : Old);
             // What was read is whole whether or not the file could be closed.
-            EXPECT_EQ(failure.has_value(), reached && error != EINTR && Now.Refused[0] != "Close");
+            EXPECT_EQ(failure.has_value(), reached && error != EINTR && FailingDisk.Refused[0] != "Close");
 
             InstallFault({at, false, error});
             const Failed logFailure = AppendToFile(Saved, "log\n");
-            EXPECT_EQ(logFailure.has_value(), !Now.Refused.empty() && error != EINTR);
+            EXPECT_EQ(logFailure.has_value(), !FailingDisk.Refused.empty() && error != EINTR);
             Calls = Real;
             EXPECT_EQ(OpenFiles(), open);
             EXPECT_TRUE(Content(Saved).starts_with(Old));
@@ -527,7 +481,8 @@ TEST_F(FilesTest, ReadingKnowsItsBounds)
     const Failed failure = ReadWholeFile(Saved, bytes);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->Reason, "the file is too large");
-    EXPECT_EQ(std::count(Now.Done.begin(), Now.Done.end(), "ReadAt"), 0) << "it could be a slow disk";
+    EXPECT_EQ(std::count(FailingDisk.Done.begin(), FailingDisk.Done.end(), "ReadAt"), 0)
+        << "it could be a slow disk";
     Calls = Real;
 
     // A file that grows while it is read can't get past the limit either.
