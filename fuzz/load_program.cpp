@@ -194,8 +194,8 @@ bool IsTrailer(std::string_view text)
     return EqualsNoCase(mark, "M") || mark == "\"";
 }
 
-/// Whether the row keeps all that it is when it is written. A file that somebody damaged may bring
-/// others; a program that was typed never has them.
+/// Whether the row keeps all that it is when it is written. Of rows that were typed, only arcs of MK2 and
+/// comments longer than a file holds don't; a damaged file may bring any others.
 bool IsInOwnForm(const ProgramLine& row)
 {
     // Behind an empty line all the rest of a file is one line.
@@ -224,6 +224,8 @@ bool IsInOwnForm(const ProgramLine& row)
 /// taken for a program's beginning.
 bool IsInOwnForm(std::string_view text)
 {
+    // The mark of CAD/CAM programs, which load without comments, those of a former check too.
+    if (text.find("%!*") != std::string_view::npos) return false;
     const ProgramFile again = ReadProgram(text);
     if (again.Machine != Shared.Machine || again.Notes != frmMain.txtFileNotes.Text) return false;
     for (int i = 1; i <= LineCount(); ++i) {

@@ -4,7 +4,6 @@
 #include "commands/session.h"
 #include "core/main_window.h"
 #include "core/profile.h"
-#include "files/reader.h"
 #include "platform/files.h"
 #include "ui/choice.h"
 
@@ -50,14 +49,16 @@ void BeginProgram(const LoadOptions& options, const std::string& dataFolder)
 
 std::optional<std::string> LoadInto(const std::string& file)
 {
-    std::string bytes;
-    if (const auto failure = ReadWholeFile(file, bytes)) return failure->Reason;
-    if (KindOfFile(bytes) == FileKind::Language) return "this is a language module, not a program";
     const std::string path = AbsolutePath(file);
     LoadFile(path);
     AfterEvent();
-    if (frmMain.lblPath.Text != path) return LastRefusal();
-    return std::nullopt;
+    if (frmMain.lblPath.Text == path) return std::nullopt;
+
+    // The program's own command says nothing of a missing file, and takes a language module as one.
+    if (const std::string refusal = LastRefusal(); !refusal.empty()) return refusal;
+    std::string bytes;
+    if (const auto failure = ReadWholeFile(file, bytes)) return failure->Reason;
+    return "this is a language module, not a program";
 }
 
 std::optional<std::string> OpenProgram(const LoadOptions& options, const std::string& file)

@@ -80,8 +80,6 @@ struct LimitText {
 };
 constexpr LimitText LimitTexts[] = {
     {Limit::None, "", ""},
-    {Limit::LatheX, "-5999TO5999", "-1999TO1999"},
-    {Limit::LatheZ, "-32760TO32760", "-12900TO12900"},
     {Limit::Feed, "2TO499", "2TO199"},
     {Limit::Line, "0TO221", "0TO221"},
     {Limit::Output, "0TO999", "0TO999"},
@@ -108,11 +106,12 @@ bool IsMill()
     return Shared.Machine == MachineKind::F1;
 }
 
-const AxisLimits& ActiveAxes()
+/// The slides of a lathe, or of the mill with its spindle, in the units in force.
+const AxisLimits& Axes(bool mill)
 {
     for (const AxisLimits& axes : AxisTable) {
         const bool spindle = !axes.Mill || axes.Horizontal == Shared.Horizontal;
-        if (axes.Mill == IsMill() && spindle && axes.Metric == Shared.Metric) return axes;
+        if (axes.Mill == mill && spindle && axes.Metric == Shared.Metric) return axes;
     }
     return AxisTable[0];
 }
@@ -120,7 +119,7 @@ const AxisLimits& ActiveAxes()
 /// The limit string of a field, "-5999TO5999".
 std::string LimitOf(Limit within)
 {
-    const AxisLimits& axes = ActiveAxes();
+    const AxisLimits& axes = Axes(IsMill());
     const auto both = [](std::string_view high) {
         return "-" + std::string(high) + "TO" + std::string(high);
     };
@@ -128,6 +127,8 @@ std::string LimitOf(Limit within)
     case Limit::AxisX: return both(axes.X);
     case Limit::AxisY: return both(axes.Y);
     case Limit::AxisZ: return both(axes.Z);
+    case Limit::LatheX: return both(Axes(false).X);
+    case Limit::LatheZ: return both(Axes(false).Z);
     case Limit::CenterX: return "0TO" + std::string(axes.X);
     case Limit::CenterY: return "0TO" + std::string(axes.Y);
     case Limit::CenterZ: return "0TO" + std::string(axes.Z);
