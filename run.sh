@@ -4,11 +4,13 @@
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 
+[[ -x $here/build/run/brixley-cli ]] || echo "The first build takes a minute or two." >&2
 "$here/tools/install-packages" g++ cmake ninja-build nlohmann-json3-dev libcli11-dev
 (
     cd "$here"
     cmake --preset release -DBRIXLEY_TESTS=OFF -DBRIXLEY_BENCH=OFF -B build/run >/dev/null
-    cmake --build build/run --target brixley-cli
+    log=build/run/build.log
+    cmake --build build/run --target brixley-cli >"$log" || { cat "$log"; exit 1; }
 ) >&2
 
 file=${1:-}
