@@ -26,4 +26,4 @@ fi
 run_preset debug
 
 echo "== A short run of the fuzz target"
-tools/fuzz 20
+tools/fuzz --short

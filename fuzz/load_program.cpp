@@ -201,6 +201,8 @@ bool IsInOwnForm(const ProgramLine& row)
     // Behind an empty line all the rest of a file is one line.
     const std::string text = Joined(row);
     if (text.find(LineEnd) != std::string::npos) return false;
+    // Loading fills an empty comment where the box says so; a division of cut that fails empties it.
+    if (frmMain.chkViewGcode.Value == 1 && IsBlank(row[CellComment])) return false;
     if (Shared.Machine == MachineKind::MK2) {
         // The pass works out the Z of an arc, and the next one checks it.
         const Code code = CodeOfCell(row[CellCode]);
@@ -245,9 +247,9 @@ std::string Listing()
 void RequireSame(const std::string& text, const std::string& again)
 {
     if (text == again) return;
-    const auto at = std::mismatch(text.begin(), text.end(), again.begin(), again.end()).first - text.begin();
-    const auto line = text.rfind(LineEnd, static_cast<size_t>(at)) + 1;
-    std::cerr << "Written:" << text.substr(line, 90) << "\nAgain:" << again.substr(line, 90) << "\n";
+    const auto at = std::mismatch(text.begin(), text.end(), again.begin(), again.end()).first;
+    const size_t line = std::string_view(text.begin(), at).rfind('\n') + 1;
+    std::cerr << "Written: " << text.substr(line, 90) << "\nAgain: " << again.substr(line, 90) << "\n";
     Require(false, "what was written loads to the same text");
 }
 
