@@ -114,11 +114,18 @@ bool WantsColor()
     return isatty(STDOUT_FILENO) != 0 && (noColor == nullptr || *noColor == '\0');
 }
 
+/// A reason on one line, also where a file is named so that it has more.
+std::string OneLine(std::string text)
+{
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
+}
+
 /// Prints the outcome and returns the exit status.
 int Finish(const Outcome& outcome)
 {
     if (outcome.Status == StatusFailed) {
-        std::fprintf(stderr, "brixley-cli: %s\n", outcome.Why.c_str());
+        std::fprintf(stderr, "brixley-cli: %s\n", OneLine(outcome.Why).c_str());
         return StatusFailed;
     }
     const bool written =
@@ -128,13 +135,6 @@ int Finish(const Outcome& outcome)
         return StatusFailed;
     }
     return outcome.Status;
-}
-
-/// The message of a fault in the options, on one line.
-std::string OneLine(std::string text)
-{
-    std::replace(text.begin(), text.end(), '\n', ' ');
-    return text;
 }
 
 struct Command {
@@ -191,7 +191,7 @@ int main(int argc, char** argv)
     } catch (const CLI::Success& asked) {
         return app.exit(asked); // help or version
     } catch (const CLI::Error& fault) {
-        return Finish(Failed(OneLine(fault.what())));
+        return Finish(Failed(fault.what()));
     }
     return Finish(chosen->Run(arguments));
 }

@@ -49,6 +49,7 @@ void BeginProgram(const LoadOptions& options, const std::string& dataFolder)
 
 std::optional<std::string> LoadInto(const std::string& file)
 {
+    if (file.empty()) return "no file is named"; // the program's own command would ask for one
     const std::string path = AbsolutePath(file);
     LoadFile(path);
     AfterEvent();

@@ -68,7 +68,7 @@ Cuts CutsOf(const Pass& pass)
         if (pass.Words.H != 0) {
             // Cuts of at most H; a rest makes one more.
             Attempt(PassName, [&] { cuts.Length = ToSingle(CutLength(pass, alongX)); });
-            cuts.Repeats = std::floor(cuts.Length / static_cast<float>(pass.Words.H));
+            cuts.Repeats = static_cast<float>(std::floor(static_cast<double>(cuts.Length) / pass.Words.H));
             Attempt(PassName, [&] {
                 if (ToInt32(cuts.Length) % pass.Words.H > 0) ++cuts.Repeats;
             });

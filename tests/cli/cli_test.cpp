@@ -80,6 +80,7 @@ TEST_F(Cli, WhatCannotBeDoneSaysWhyOnOneLine)
         {"check --machine MK3 good.cnc", "MK3"},
         {"check --units cm good.cnc", "cm"},
         {"show --view gcode,color good.cnc", "color"},
+        {"save '' -o new.cnc", "no file is named"},
         {"check missing.cnc", "missing.cnc"},
         {"check sub", "sub"},
         {"check good.cnc letter.txt", "letter.txt"},
