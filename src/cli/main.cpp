@@ -89,7 +89,7 @@ void AddKeysOptions(CLI::App& command, Arguments& arguments)
     AddLoadOptions(command, arguments.Load);
     CLI::Option* const script =
         command.add_option("--script", arguments.Script, "file with the script, - for standard input");
-    command.add_option("--keys", arguments.Keys, "the script itself")->excludes(script);
+    command.add_option("--keys", arguments.Keys, "the script itself")->excludes(script)->expected(0, 1);
     command.add_flag("--json", arguments.Json, "print the whole state as JSON");
 }
 

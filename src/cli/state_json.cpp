@@ -190,6 +190,7 @@ Json Globals()
     return {{"FeedA", Shared.FeedA},
             {"FeedB", Shared.FeedB},
             {"LanguageName", Shared.LanguageName},
+            {"LanguageFileName", Shared.LanguageFileName},
             {"TranslatorName", Shared.TranslatorName},
             {"IncrColor", static_cast<int>(Shared.IncrColor)},
             {"AbsColor", static_cast<int>(Shared.AbsColor)},
@@ -198,7 +199,11 @@ Json Globals()
             {"Transmitting", Shared.Transmitting},
             {"ControlsEnabled", Shared.ControlsEnabled},
             {"ComEnabled", Shared.ComEnabled},
-            {"M99RRadius", Shared.M99RRadius}};
+            {"Port", Shared.Port},
+            {"SettingsTX", Shared.SettingsTX},
+            {"SettingsRX", Shared.SettingsRX},
+            {"M99RRadius", Shared.M99RRadius},
+            {"DrawScale", Shared.DrawScale}};
 }
 
 std::string Printed(const Json& state)

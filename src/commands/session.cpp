@@ -20,6 +20,7 @@
 #include "interpreter/interpreter.h"
 #include "interpreter/limits.h"
 #include "platform/files.h"
+#include "platform/platform.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
@@ -141,11 +142,31 @@ void ResetState()
                           nullptr, txtFind_KeyPress, txtFind_Change};
 }
 
+namespace {
+
+/// The printer's fonts; a typewriter's face is chosen at first, since a listing stands in columns.
+void FillFonts()
+{
+    frmMain.cboFontName.Items = ThePlatform->PrinterFonts();
+    const auto& fonts = frmMain.cboFontName.Items;
+    for (size_t i = 0; i < fonts.size() && frmMain.cboFontName.Index < 0; ++i) {
+        if (fonts[i] != "Courier" && fonts[i] != "Courier New") continue;
+        frmMain.cboFontName.Index = static_cast<int>(i);
+        frmMain.cboFontName.Text = fonts[i];
+    }
+    frmMain.cboFontSize.Index = 1;
+    frmMain.cboFontSize.Text = frmMain.cboFontSize.Items[1];
+}
+
+} // namespace
+
 void StartNew(MachineKind machine, bool metric, bool horizontal)
 {
     if (const std::string folder = AppDataPath(); !folder.empty()) {
         if (const auto failure = MakeFolders(folder)) NoteFailure(failure->Number, "Form_Load");
     }
+    if (const std::string left = AppDataPath() + "/Transmit.txt"; FileExists(left)) RemoveFile(left);
+    FillFonts();
     Shared.Machine = machine;
     Shared.Metric = metric;
     Shared.Horizontal = horizontal;

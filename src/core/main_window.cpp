@@ -5,6 +5,58 @@
 MainWindow frmMain;
 FindWindow frmFind;
 
+namespace {
+
+/// The controls of one direction of the transfer, as long as they are alike for both.
+struct Direction {
+    const char* Caption;
+    const char* PortCaption;
+    Control (MainWindow::*Frames)[8];
+    Control (MainWindow::*Ports)[4];
+    Control (MainWindow::*Bauds)[7];
+    Control (MainWindow::*Parities)[3];
+    Control (MainWindow::*DataBits)[2];
+    Control (MainWindow::*StopBits)[2];
+    Control MainWindow::*Filter;
+    Control MainWindow::*Standard;
+    Control MainWindow::*Emco;
+};
+constexpr Direction Directions[] = {
+    {"Transmit", "TX Port", &MainWindow::frTX, &MainWindow::optPortTX, &MainWindow::optBaudTX,
+     &MainWindow::optParityTX, &MainWindow::optDataBitsTX, &MainWindow::optStopBitsTX,
+     &MainWindow::chkTXfilter, &MainWindow::lblTXstandard, &MainWindow::cmdTXEmco},
+    {"Receive", "RX Port", &MainWindow::frRX, &MainWindow::optPortRX, &MainWindow::optBaudRX,
+     &MainWindow::optParityRX, &MainWindow::optDataBitsRX, &MainWindow::optStopBitsRX,
+     &MainWindow::chkRXfilter, &MainWindow::lblRXstandard, &MainWindow::cmdRXEmco},
+};
+
+/// Captions of an option group, and which option is on at first: the setting that the machines have.
+void Fill(Control* group, std::initializer_list<const char*> captions, int chosen)
+{
+    for (const char* caption : captions) group++->Text = caption;
+    (group - captions.size() + chosen)->Value = 1;
+}
+
+void FillDirection(MainWindow& window, const Direction& direction)
+{
+    auto& frames = window.*direction.Frames;
+    const char* const captions[] = {direction.Caption, direction.PortCaption, "Baudrate",  "Parity",
+                                    "Data Bits",       "Stop Bits",           "Handshake", ""};
+    for (size_t i = 0; i < std::size(frames); ++i) {
+        frames[i].Text = captions[i];
+        if (i > 0) frames[i].In = &frames[0];
+    }
+    Fill(window.*direction.Ports, {"Com1", "Com2", "Com3", "Com4"}, 0);
+    Fill(window.*direction.Bauds, {"110", "300", "600", "1200", "2400", "4800", "9600"}, 1);
+    Fill(window.*direction.Parities, {"N", "E", "O"}, 0);
+    Fill(window.*direction.DataBits, {"7", "8"}, 1);
+    Fill(window.*direction.StopBits, {"1", "2"}, 0);
+    (window.*direction.Filter).Value = 1;
+    (window.*direction.Standard).Enabled = (window.*direction.Emco).Enabled = false;
+}
+
+} // namespace
+
 MainWindow::MainWindow()
 {
 #define CONTROL(kind, name, in, text, tabStop)
@@ -42,14 +94,17 @@ MainWindow::MainWindow()
         cmdTopButtons[i].Text = captions[i];
         cmdTopButtons[i].ToolTip = tips[i];
     }
+    for (const Direction& direction : Directions) FillDirection(*this, direction);
+    for (Control* button : {&cmdReceiveImport, &cmdReceiveSave, &cmdReceiveNew, &cmdReceiveExit})
+        button->ToolTip = button->Text;
     for (Control* label : {&lblGMcode, &lblCode, &txtGMcode}) label->ToolTip = "[-] = M-code";
     txtGMcode.MaxLength = 3;
     txtH.MaxLength = 3;
     txtComment.MaxLength = 44;
 
-    for (Control* entry :
-         {&mnuMachine, &mnuUnits, &mnuFont, &mnuComm, &mnuPaths, &mnuRightClick, &tabSettings, &rtfHelp,
-          &rtfGcodeHelpMK2, &rtfGcodeHelpMK4, &rtfAbout, &lstAbout, &picZXaxes, &picXYaxes, &cmdReturn}) {
+    for (Control* entry : {&mnuMachine, &mnuUnits, &mnuFont, &mnuComm, &mnuPaths, &mnuRightClick,
+                           &tabSettings, &rtfHelp, &rtfGcodeHelpMK2, &rtfGcodeHelpMK4, &rtfAbout, &lstAbout,
+                           &picZXaxes, &picXYaxes, &cmdReturn, &frRXcode, &frCmdRX}) {
         entry->Visible = false;
     }
     mnuINCHtoMM.Enabled = false;

@@ -62,6 +62,12 @@ struct SharedState {
     bool RunLocked = false;
     /// Communication is enabled.
     bool ComEnabled = false;
+    /// The serial port, from 1.
+    int Port = 1;
+    /// Line parameters of the two directions: baud rate, parity, data bits, stop bits.
+    std::string SettingsTX = "300,N,8,1", SettingsRX = "300,N,8,1";
+    /// Twips of the drawing for one program unit.
+    float DrawScale = 1;
     /// The state of the main window; normal when neither is set.
     bool Minimized = false, Maximized = false;
     /// A machine option is being set by ControlsPositioning, so its Click does nothing.
@@ -91,7 +97,8 @@ struct SharedState {
     bool FindNext = false;
     /// The caption that the entry frame returns to when the program is cleared.
     std::string EntryCaption;
-    std::string LanguageName, TranslatorName;
+    /// The language module in use: its path, the language's name, the translator; "" without one.
+    std::string LanguageFileName, LanguageName, TranslatorName;
     /// The program has been left.
     bool Ended = false;
 

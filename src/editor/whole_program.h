@@ -6,8 +6,8 @@
 
 /// Scales the program: 2.54 converts inch to metric, 1 / 2.54 the other way. Coordinates, feeds and
 /// pitches (on the mill also the pulses of M26, which stand in their place) are scaled and rounded one by
-/// one, half to even; tools, line targets and the mill's spindle speed stay. A value that doesn't fit stays
-/// as it was and is logged.
+/// one, half to even; tools, line targets and the mill's spindle speed stay. A value beyond 16 bits stays as
+/// it was and is logged; one that is wider than its field loses its first digits, unlogged.
 void Convert(double factor);
 void mnuMMtoINCH_click();
 void mnuINCHtoMM_click();

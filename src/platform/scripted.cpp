@@ -1,5 +1,7 @@
 #include "platform/scripted.h"
 
+#include <filesystem>
+
 namespace {
 
 ScriptedPlatform FirstPlatform;
@@ -66,4 +68,11 @@ std::optional<int> ScriptedPlatform::AskForColor(int present)
     const auto text = given ? std::optional(std::to_string(*given)) : std::nullopt;
     Dialogs.push_back({"color", std::to_string(present), "", text});
     return given;
+}
+
+std::string ScriptedPlatform::ProgramFolder()
+{
+    std::error_code failed;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", failed);
+    return failed ? "" : program.parent_path().string();
 }

@@ -44,4 +44,9 @@ public:
     std::optional<int> AskForColor(int present) override;
     DateTime Now() override { return Clock; }
     std::string LocalDataFolder() override { return DataFolder; }
+    std::string ProgramFolder() override;
+    std::vector<std::string> PrinterFonts() override
+    {
+        return {"Courier New", "DejaVu Sans", "Liberation Mono"};
+    }
 };

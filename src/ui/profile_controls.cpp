@@ -5,6 +5,7 @@
 #include "core/profile.h"
 #include "core/program_list.h"
 #include "core/text.h"
+#include "platform/platform.h"
 #include "ui/choice.h"
 #include "ui/columns.h"
 #include "ui/panes.h"
@@ -70,8 +71,9 @@ void Place(Control& control, int left, int top, int width, int height)
 void PlaceList()
 {
     const int width = frmMain.Window.Width - 3700, height = frmMain.Window.Height - 3370, top = 1360;
-    for (Control* pane : {&frmMain.lvCncProgram, &frmMain.rtfHelp, &frmMain.rtfGcodeHelpMK2,
-                          &frmMain.rtfGcodeHelpMK4, &frmMain.rtfAbout, &frmMain.lstAbout}) {
+    for (Control* pane :
+         {&frmMain.lvCncProgram, &frmMain.rtfHelp, &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4,
+          &frmMain.rtfAbout, &frmMain.lstAbout, &frmMain.frRXcode}) {
         Place(*pane, 0, top, width, height);
     }
     for (Control* picture : {&frmMain.picZXaxes, &frmMain.picXYaxes}) {
@@ -88,8 +90,9 @@ void PlacePanes()
     frmMain.frControlPanel.Width = width - 3740;
     frmMain.frView.Left = width - 6700;
     frmMain.frSetReplace.Left = width - 8180;
-    for (Control* bottom : {&frmMain.frEntry, &frmMain.frCmdEditor1, &frmMain.frCmdEditor2,
-                            &frmMain.frCmdEditor3, &frmMain.frAxesProperties, &frmMain.frProgramProperties}) {
+    for (Control* bottom :
+         {&frmMain.frEntry, &frmMain.frCmdEditor1, &frmMain.frCmdEditor2, &frmMain.frCmdEditor3,
+          &frmMain.frCmdRX, &frmMain.frAxesProperties, &frmMain.frProgramProperties}) {
         bottom->Top = height - 2000;
     }
     for (Control* right :
@@ -164,6 +167,7 @@ void ShowPaths()
 {
     frmMain.txtSettingsFileName.Text = FileNameOf(frmMain.lblPath.Text);
     frmMain.txtSettingsPathName.Text = frmMain.lblPath.Text;
+    frmMain.txtSettingsAppPathName.Text = ThePlatform->ProgramFolder();
     frmMain.txtSettingsAppDataFolderName.Text = AppDataPath();
 }
 
@@ -178,10 +182,6 @@ void ShowLineColors()
         label->Fore = label->Back == White ? 0 : White;
     }
 }
-
-namespace {
-
-} // namespace
 
 void ApplyMachine()
 {
