@@ -1,6 +1,7 @@
 #include "cli/state_json.h"
 
 #include "cli/open_program.h"
+#include "cli/ops_json.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/profile.h"
@@ -79,15 +80,6 @@ Json State()
         {"widths", lvCncProgram.Widths},
         {"log", LogRecords()},
     };
-}
-
-/// "#rrggbb" of a colour in blue-green-red order.
-std::string ColorText(int color)
-{
-    char text[8];
-    const unsigned c = static_cast<unsigned>(color);
-    std::snprintf(text, sizeof text, "#%02x%02x%02x", c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
-    return text;
 }
 
 Json ControlState(const Control& control)

@@ -17,6 +17,7 @@
 #include "ui/focus.h"
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
+#include "ui/redraw.h"
 
 #include <utility>
 
@@ -58,7 +59,7 @@ void TakeOver(ProgramFile file, const std::string& path)
     ClearInputTexts();
     Interpreter();
     Shared.Changed = false;
-    Shared.RedrawPending = true;
+    FollowLoad();
     ApplyMachine();
     MakeToolpositionColums();
     ShowLineCount();

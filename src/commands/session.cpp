@@ -1,5 +1,6 @@
 #include "commands/session.h"
 
+#include "commands/drawing.h"
 #include "commands/load.h"
 #include "commands/program.h"
 #include "commands/save.h"
@@ -9,6 +10,7 @@
 #include "core/main_window.h"
 #include "core/messages.h"
 #include "core/program_list.h"
+#include "drawing/walk.h"
 #include "editor/activation.h"
 #include "editor/code_box.h"
 #include "editor/feeds.h"
@@ -26,6 +28,7 @@
 #include "ui/profile_controls.h"
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -98,6 +101,7 @@ constexpr Event Events[] = {
     {&W::mnuSave, {mnuSave_Click}},
     {&W::mnuSaveAs, {mnuSaveAs_Click}},
     {&W::mnuFind, {mnuFind_click}},
+    {&W::mnuDraw, {mnuDraw_Click}},
     {&W::mnuExit, {mnuExit_Click}},
     {&W::mnuSettingsShow, {mnuSettingsShow_Click}},
     {&W::mnuMMtoINCH, {mnuMMtoINCH_click}},
@@ -135,6 +139,7 @@ void ResetState()
     Log = {};
     ResetFocus();
     ResetInterpreter();
+    UnloadDrawing();
     for (const Event& event : Events) (frmMain.*event.Of).On = event.On;
     for (Control& button : frmMain.cmdTopButtons) button.On.ClickElement = cmdTopButtons_Click;
     frmMain.Window.On.Change = Form_Resize;
@@ -181,7 +186,8 @@ void StartNew(MachineKind machine, bool metric, bool horizontal)
 void AfterEvent()
 {
     ResumeInterpreter();
-    Shared.RedrawPending = false; // nothing is drawn yet
+    if (std::exchange(Shared.DrawingFollows, false)) RefreshDrawing();
+    ResumeDrawing();
     MendFocus();
     frmMain.lblChanged.Text = Shared.Changed ? "*" : "";
     WriteLog();

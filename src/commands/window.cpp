@@ -1,5 +1,6 @@
 #include "commands/window.h"
 
+#include "commands/drawing.h"
 #include "commands/load.h"
 #include "commands/program.h"
 #include "commands/save.h"
@@ -104,6 +105,7 @@ void cmdTopButtons_Click(int index)
     case 4: mnuSettingsShow_Click(); break;
     case 5: ToggleAxes(frmMain.picZXaxes); break;
     case 6: ToggleAxes(frmMain.picXYaxes); break;
+    case 7: mnuDraw_Click(); break;
     default: break;
     }
 }

@@ -17,6 +17,7 @@
 #include "platform/platform.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
+#include "ui/redraw.h"
 #include "ui/text_box.h"
 
 #include <algorithm>
@@ -109,7 +110,7 @@ void LineEdit()
     if (RefuseWhileBusy()) return;
     const bool emptyLine = frmMain.lblGMcode.Text == "G" && frmMain.txtGMcode.Text == "21";
     if (!WriteEntry()) return;
-    if (!emptyLine) Shared.RedrawPending = true;
+    if (!emptyLine) FollowEdit();
     SelectAll(frmMain.txtGMcode);
     SetFocus(frmMain.txtGMcode);
 }
@@ -166,7 +167,7 @@ void LineDelete()
     Interpreter();
     // An emptied program still differs from its file.
     Shared.Changed = true;
-    Shared.RedrawPending = true;
+    FollowEdit();
     AddBlankLine(false);
     SetFocus(frmMain.lvCncProgram);
 }

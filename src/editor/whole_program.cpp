@@ -123,7 +123,6 @@ void mnuDelComments_Click()
     for (ProgramLine& row : lvCncProgram.Rows) row[CellComment].clear();
     Interpreter();
     Shared.Changed = true;
-    Shared.RedrawPending = true;
 }
 
 void txtFileNotes_GotFocus(Control& notes)
