@@ -2,11 +2,11 @@
 
 using Op = Operation::Kind;
 
-void RecordingCanvas::RecordSettings()
+void RecordingCanvas::RecordSettings(bool all)
 {
     const CanvasSettings& now = Settings();
     const auto note = [&](Op op, auto CanvasSettings::*setting) {
-        if (now.*setting == Known.*setting) return;
+        if (!all && now.*setting == Known.*setting) return;
         Recorded.push_back({op, static_cast<int>(now.*setting)});
     };
     note(Op::SetBackColor, &CanvasSettings::Back);
@@ -21,7 +21,7 @@ void RecordingCanvas::RecordSettings()
 
 void RecordingCanvas::SettingChanged()
 {
-    RecordSettings();
+    RecordSettings(false);
 }
 
 void RecordingCanvas::PenMoved()
@@ -34,8 +34,7 @@ void RecordingCanvas::Clear()
     Recorded.clear();
     ++Clearings;
     Recorded.push_back({Op::ClearCanvas});
-    Known = {};
-    RecordSettings();
+    RecordSettings(true);
 }
 
 void RecordingCanvas::Line(float x1, float y1, float x2, float y2)

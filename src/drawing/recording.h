@@ -57,7 +57,8 @@ protected:
     void Arc(float radius, float start, float end) override;
 
 private:
-    void RecordSettings();
+    /// Those that have changed, or all.
+    void RecordSettings(bool all);
 
     std::vector<Operation> Recorded;
     /// The settings as the recording has them.
