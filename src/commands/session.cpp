@@ -2,6 +2,7 @@
 
 #include "commands/load.h"
 #include "commands/program.h"
+#include "commands/recent_files.h"
 #include "commands/save.h"
 #include "commands/window.h"
 #include "core/app_data.h"
@@ -129,7 +130,9 @@ void ResetState()
 {
     MakeAnew(frmMain);
     MakeAnew(frmFind);
+    const unsigned version = lvCncProgram.Version;
     lvCncProgram = {};
+    lvCncProgram.Version = version + 1;
     Shared = {};
     Translated = {};
     Log = {};
@@ -137,6 +140,7 @@ void ResetState()
     ResetInterpreter();
     for (const Event& event : Events) (frmMain.*event.Of).On = event.On;
     for (Control& button : frmMain.cmdTopButtons) button.On.ClickElement = cmdTopButtons_Click;
+    for (Control& entry : frmMain.mnuRecentFile) entry.On.ClickElement = mnuRecentFile_Click;
     frmMain.Window.On.Change = Form_Resize;
     frmFind.txtFind.On = {nullptr, nullptr,          txtFind_GotFocus, nullptr,
                           nullptr, txtFind_KeyPress, txtFind_Change};
@@ -184,5 +188,6 @@ void AfterEvent()
     Shared.RedrawPending = false; // nothing is drawn yet
     MendFocus();
     frmMain.lblChanged.Text = Shared.Changed ? "*" : "";
+    ShowLineMessage();
     WriteLog();
 }
