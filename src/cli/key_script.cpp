@@ -174,10 +174,7 @@ Fault Select(std::string_view rest)
 
 Fault Header(std::string_view rest)
 {
-    return WithNumber(rest, [](int header) {
-        SetFocus(frmMain.lvCncProgram);
-        lvCncProgram_ColumnClick(header);
-    });
+    return WithNumber(rest, ClickHeader);
 }
 
 Fault Pick(std::string_view rest)

@@ -12,6 +12,8 @@
 #include "ui/tick.h"
 
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 namespace {
 
@@ -132,21 +134,35 @@ char CharacterOf(const KeyStroke& key)
     return key.Alt ? '\0' : key.Typed;
 }
 
-void TypeInto(Control& control, KeyStroke key)
+/// A text that is only read takes copies and moves of the caret.
+bool IsReading(const KeyStroke& key)
 {
-    if (control.On.KeyDown != nullptr && control.On.KeyDown(control, key)) return;
-    const char typed = CharacterOf(key);
-    if (typed != 0 && control.On.KeyPress != nullptr) {
-        const char passed = control.On.KeyPress(control, typed);
-        if (passed == 0) return;
-        if (key.Name == KeyName::Character && !key.Ctrl) key.Typed = passed;
+    switch (key.Name) {
+    case KeyName::Character: return key.Ctrl && key.Typed == 'C';
+    case KeyName::Enter:
+    case KeyName::Backspace:
+    case KeyName::Delete:
+    case KeyName::Insert: return false;
+    default: return true;
     }
-    if (EditText(control, key, &control == &frmMain.txtFileNotes) && control.On.Change != nullptr)
-        control.On.Change();
 }
 
-/// Lists and combos move through their items, buttons and boxes are pressed by [ENTER] and blank.
-void UseControl(Control& control, const KeyStroke& key)
+std::optional<KeyStroke> OfferTo(Control& box, KeyStroke key)
+{
+    if (box.On.KeyDown != nullptr && box.On.KeyDown(box, key)) return std::nullopt;
+    if (box.ReadOnly && !IsReading(key)) return std::nullopt;
+    const char typed = CharacterOf(key);
+    if (typed != 0 && box.On.KeyPress != nullptr) {
+        const char passed = box.On.KeyPress(box, typed);
+        if (passed == 0) return std::nullopt;
+        if (key.Name == KeyName::Character && !key.Ctrl) key.Typed = passed;
+    }
+    return key;
+}
+
+/// Lists and combos move through their items, buttons and boxes are pressed by [ENTER] and blank. Returns
+/// what is left to type.
+std::optional<KeyStroke> UseControl(Control& control, const KeyStroke& key)
 {
     const bool blank = key.Name == KeyName::Character && key.Typed == ' ' && !key.Ctrl;
     switch (control.Is) {
@@ -160,36 +176,115 @@ void UseControl(Control& control, const KeyStroke& key)
     case Kind::List:
     case Kind::Combo:
     case Kind::Tabs: {
-        const int step = key.Name == KeyName::Down ? 1 : key.Name == KeyName::Up ? -1 : 0;
+        int step = key.Name == KeyName::Down ? 1 : key.Name == KeyName::Up ? -1 : 0;
+        if (control.Is == Kind::Tabs && key.Name == KeyName::Right) step = 1;
+        if (control.Is == Kind::Tabs && key.Name == KeyName::Left) step = -1;
         if (step != 0) PickListItem(control, control.Index + step);
-        if (step == 0 && control.Is == Kind::Combo) TypeInto(control, key);
+        if (step == 0 && control.Is == Kind::Combo) return OfferTo(control, key);
         break;
     }
     default:
         if (control.On.KeyDown != nullptr) control.On.KeyDown(control, key);
     }
+    return std::nullopt;
+}
+
+/// Settings and receive pane: [TAB] walks their own controls.
+const Control* PaneOf(const Control& control)
+{
+    for (const Control* at = &control; at != nullptr; at = at->In) {
+        if (at == &frmMain.tabSettings) return at;
+        if (at == &frmMain.frRXcode || at == &frmMain.frCmdRX) return &frmMain.frRXcode;
+    }
+    return nullptr;
+}
+
+/// On the tab that is shown, also as part of a frame.
+bool IsOnShownTab(const Control& control)
+{
+    for (const Control* at = &control; at != nullptr; at = at->In) {
+        if (at->Page >= 0 && at->In->Index != at->Page) return false;
+    }
+    return true;
+}
+
+/// Walks the stops of the pane that has the focus, in the order of the table; false outside of a pane.
+bool WalkPane(int step)
+{
+    const Control* const from = Focused();
+    const Control* const pane = from == nullptr ? nullptr : PaneOf(*from);
+    if (pane == nullptr) return false;
+    std::vector<Control*> stops;
+    frmMain.ForEach([&](Control& control) {
+        const bool stop = TakesFocus(control) && IsUsable(control) && IsOnShownTab(control);
+        if (stop && PaneOf(control) == pane) stops.push_back(&control);
+    });
+    const auto at = std::find(stops.begin(), stops.end(), from);
+    if (at == stops.end()) return false;
+    const int count = static_cast<int>(stops.size()), index = static_cast<int>(at - stops.begin());
+    SetFocus(*stops[static_cast<size_t>((index + step + count) % count)]);
+    return true;
 }
 
 } // namespace
 
-void PressKey(const KeyStroke& key)
+Control* TypingBox()
+{
+    if (IsFindInFront()) return &frmFind.txtFind;
+    Control* const focused = Focused();
+    const bool types = focused != nullptr && (focused->Is == Kind::TextBox || focused->Is == Kind::Combo);
+    return types && !IsHelpUp() ? focused : nullptr;
+}
+
+std::optional<KeyStroke> OfferKey(const KeyStroke& key)
 {
     if (IsFindInFront()) {
-        if (key.Name == KeyName::Escape) {
-            HideFind();
-        } else {
-            TypeInto(frmFind.txtFind, key);
-        }
-        return;
+        if (key.Name != KeyName::Escape) return OfferTo(frmFind.txtFind, key);
+        HideFind();
+        return std::nullopt;
     }
-    if (RunShortcut(key)) return;
+    if (RunShortcut(key)) return std::nullopt;
     if (key.Name == KeyName::Escape) {
         Escape();
-    } else if (key.Name == KeyName::Tab) {
-        key.Shift ? FocusPreviousStop() : FocusNextStop();
-    } else if (Control* const control = Focused(); control != nullptr) {
-        control->Is == Kind::TextBox ? TypeInto(*control, key) : UseControl(*control, key);
+        return std::nullopt;
     }
+    // What lies under a help page is out of reach; its own widget scrolls it.
+    Control* const control = Focused();
+    if (IsHelpUp() && control != &frmMain.cmdReturn) return key;
+    if (key.Name == KeyName::Tab) {
+        if (!WalkPane(key.Shift ? -1 : 1)) key.Shift ? FocusPreviousStop() : FocusNextStop();
+        return std::nullopt;
+    }
+    if (control == nullptr) return std::nullopt;
+    return control->Is == Kind::TextBox ? OfferTo(*control, key) : UseControl(*control, key);
+}
+
+void PressKey(const KeyStroke& key)
+{
+    const auto left = OfferKey(key);
+    Control* const box = TypingBox();
+    if (!left || box == nullptr) return;
+    if (EditText(*box, *left, box->MultiLine) && box->On.Change != nullptr) box->On.Change();
+}
+
+bool IsShortcut(const KeyStroke& key)
+{
+    if (key.Name == KeyName::F1) return true;
+    if (key.Name != KeyName::Character) return false;
+    if (key.Ctrl) {
+        return key.Typed == 'E' || std::any_of(std::begin(MenuShortcuts), std::end(MenuShortcuts),
+                                               [&](const auto& row) { return row.Letter == key.Typed; });
+    }
+    return key.Alt && std::any_of(std::begin(ButtonShortcuts), std::end(ButtonShortcuts),
+                                  [&](const auto& row) { return row.Letter == key.Typed; });
+}
+
+char ShortcutOf(const Control& entry)
+{
+    for (const MenuShortcut& shortcut : MenuShortcuts) {
+        if (&(frmMain.*shortcut.Entry) == &entry) return shortcut.Letter;
+    }
+    return 0;
 }
 
 void ClickControl(Control& control)
@@ -231,4 +326,11 @@ void ClickRow(int row)
     SetFocus(frmMain.lvCncProgram);
     SelectRow(row);
     lvCncProgram_Click();
+}
+
+void ClickHeader(int header)
+{
+    BringMainToFront();
+    SetFocus(frmMain.lvCncProgram);
+    lvCncProgram_ColumnClick(header);
 }

@@ -4,9 +4,23 @@
 
 #include "core/control.h"
 
+#include <optional>
+
 /// A key reaches, in this order: the shortcuts, the window, the focused control's KeyDown, its KeyPress;
 /// what they leave is typed into the control as its widget would do it.
 void PressKey(const KeyStroke& key);
+
+/// The same for a front end whose widgets type: returns the key that is left to the widget that has the
+/// focus (the character perhaps in upper case), or nothing when it was taken.
+std::optional<KeyStroke> OfferKey(const KeyStroke& key);
+
+/// The text box that keys go to, null when they go to a control of another kind.
+Control* TypingBox();
+
+/// Whether the key is a shortcut of the main window, wherever the focus is.
+bool IsShortcut(const KeyStroke& key);
+/// The letter that chooses the menu entry together with [CTRL], 0 for none.
+char ShortcutOf(const Control& entry);
 
 /// Whether the control is of a kind that takes the focus: not menus, labels, frames, pictures.
 bool TakesFocus(const Control& control);
@@ -25,3 +39,6 @@ void PickListItem(Control& list, int index);
 /// Selects a row of the list and activates it, as a click does; with the right button the pop-up menu's
 /// entries then act on it.
 void ClickRow(int row);
+
+/// Clicks the header of a column of the list, from 1.
+void ClickHeader(int header);

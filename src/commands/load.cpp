@@ -1,6 +1,7 @@
 #include "commands/load.h"
 
 #include "commands/program.h"
+#include "commands/recent_files.h"
 #include "commands/save.h"
 #include "core/failure.h"
 #include "core/main_window.h"
@@ -75,7 +76,8 @@ void LoadFile(const std::string& path)
     cmdReturn_Click();
     std::string chosen = path;
     if (chosen.empty()) {
-        chosen = ThePlatform->AskForFile({FileDialog::Purpose::Open, "", ProgramFileFilter}).value_or("");
+        const FileDialog dialog{FileDialog::Purpose::Open, "", ProgramFileFilter, FolderOfLastFile()};
+        chosen = ThePlatform->AskForFile(dialog).value_or("");
     }
     if (chosen.empty() || !FileExists(chosen)) return;
 
@@ -99,7 +101,9 @@ void LoadFile(const std::string& path)
         RefuseFile(chosen, "has more than " + std::to_string(MaxFileLines) + " lines and can't be loaded");
         return;
     }
-    if (MayReplaceProgram()) TakeOver(std::move(file), chosen);
+    if (!MayReplaceProgram()) return;
+    TakeOver(std::move(file), chosen);
+    RememberFile(chosen);
 }
 
 void mnuOpen_Click()

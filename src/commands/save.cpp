@@ -1,5 +1,6 @@
 #include "commands/save.h"
 
+#include "commands/recent_files.h"
 #include "core/code_page.h"
 #include "core/failure.h"
 #include "core/main_window.h"
@@ -28,8 +29,8 @@ std::string NameInMessages(const std::string& path)
 std::optional<std::string> AskForTarget()
 {
     for (;;) {
-        const auto name =
-            ThePlatform->AskForFile({FileDialog::Purpose::Save, frmMain.lblPath.Text, ProgramFileFilter});
+        const auto name = ThePlatform->AskForFile(
+            {FileDialog::Purpose::Save, frmMain.lblPath.Text, ProgramFileFilter, FolderOfLastFile()});
         if (!name) return std::nullopt;
         if (name->empty()) {
             ShowMessage(TextOf(Messages::NoFile));
@@ -70,6 +71,7 @@ void SaveFile_Click(bool saveAs)
     }
     Shared.Changed = false;
     frmMain.lblPath.Text = path;
+    RememberFile(path);
     ShowMessage(FileNameOf(path) + " " + TextOf(Messages::HasBeenSaved));
     MakeFormCaption();
 }

@@ -3,6 +3,7 @@
 #include "commands/drawing.h"
 #include "commands/load.h"
 #include "commands/program.h"
+#include "commands/recent_files.h"
 #include "commands/save.h"
 #include "commands/window.h"
 #include "core/app_data.h"
@@ -133,7 +134,9 @@ void ResetState()
 {
     MakeAnew(frmMain);
     MakeAnew(frmFind);
+    const unsigned version = lvCncProgram.Version;
     lvCncProgram = {};
+    lvCncProgram.Version = version + 1;
     Shared = {};
     Translated = {};
     Log = {};
@@ -142,6 +145,7 @@ void ResetState()
     UnloadDrawing();
     for (const Event& event : Events) (frmMain.*event.Of).On = event.On;
     for (Control& button : frmMain.cmdTopButtons) button.On.ClickElement = cmdTopButtons_Click;
+    for (Control& entry : frmMain.mnuRecentFile) entry.On.ClickElement = mnuRecentFile_Click;
     frmMain.Window.On.Change = Form_Resize;
     frmFind.txtFind.On = {nullptr, nullptr,          txtFind_GotFocus, nullptr,
                           nullptr, txtFind_KeyPress, txtFind_Change};
@@ -190,5 +194,6 @@ void AfterEvent()
     ResumeDrawing();
     MendFocus();
     frmMain.lblChanged.Text = Shared.Changed ? "*" : "";
+    ShowLineMessage();
     WriteLog();
 }

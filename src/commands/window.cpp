@@ -156,6 +156,7 @@ void mnuExit_Click()
 void Form_Activate()
 {
     TakeFeeds();
+    if (IsHelpUp()) cmdReturn_Click(); // a page that goes takes its lock with it
     HideAxesPictures();
     HidePages();
     MakeLinePropertiesColumns();

@@ -86,6 +86,8 @@ struct Control {
     std::string Text = {};
     /// Place of the control among the stops of the [TAB] key, 0 for none.
     int TabStop = 0;
+    /// In a tabbed container: the index of the tab that shows the control, -1 elsewhere.
+    int Page = -1;
     bool Visible = true;
     bool Enabled = true;
     /// Limit string of an entry field, such as "-5999TO5999"; "" when the field isn't checked.
@@ -96,6 +98,8 @@ struct Control {
     int SelStart = 0, SelLength = 0;
     /// Text boxes: most characters that can be typed, 0 for no limit.
     int MaxLength = 0;
+    /// Text boxes: several lines, ended by CR LF; a text that the user can only read and copy.
+    bool MultiLine = false, ReadOnly = false;
     /// Check boxes and options: 0 or 1.
     int Value = 0;
     /// Lists, combos, tabs: the items, and the index of the chosen one from 0, -1 for none.

@@ -55,6 +55,22 @@ void FillDirection(MainWindow& window, const Direction& direction)
     (window.*direction.Standard).Enabled = (window.*direction.Emco).Enabled = false;
 }
 
+/// The first control of each tab of the settings; those of the table behind it stand on the same tab.
+constexpr Control MainWindow::*FirstOfPage[] = {
+    &MainWindow::chkSettingsAutowidth, &MainWindow::frSettingsLathe, &MainWindow::lblSettingsFileName,
+    &MainWindow::optSettingsMK2,       &MainWindow::lblSettingsFont, &MainWindow::frComEnable};
+
+void PutOnPages(MainWindow& window)
+{
+    int page = -1;
+    window.ForEach([&](Control& control) {
+        if (control.In != &window.tabSettings) return;
+        const size_t next = static_cast<size_t>(page + 1);
+        if (next < std::size(FirstOfPage) && &control == &(window.*FirstOfPage[next])) ++page;
+        control.Page = page;
+    });
+}
+
 } // namespace
 
 MainWindow::MainWindow()
@@ -108,6 +124,14 @@ MainWindow::MainWindow()
         entry->Visible = false;
     }
     mnuINCHtoMM.Enabled = false;
+    mnuRecent.Visible = false;
+    for (Control& entry : mnuRecentFile) entry.Visible = false;
+    txtFileNotes.MultiLine = txtRX.MultiLine = true;
+    for (Control* path : {&txtSettingsFileName, &txtSettingsPathName, &txtSettingsAppPathName,
+                          &txtSettingsAppDataFolderName}) {
+        path->ReadOnly = true;
+    }
+    PutOnPages(*this);
 }
 
 void MainWindow::ForEach(const std::function<void(Control&)>& visit)

@@ -18,6 +18,7 @@ int LineCount()
 void InsertRow(int index, ProgramLine line)
 {
     auto& rows = lvCncProgram.Rows;
+    ++lvCncProgram.Version;
     rows.insert(rows.begin() + (index - 1), std::move(line));
     if (rows.size() == 1) {
         lvCncProgram.Selected = 1;
@@ -41,6 +42,7 @@ void ScrollIntoView(int index)
 void RemoveRow(int index)
 {
     auto& rows = lvCncProgram.Rows;
+    ++lvCncProgram.Version;
     rows.erase(rows.begin() + (index - 1));
     int& selected = lvCncProgram.Selected;
     if (selected > index) --selected;

@@ -47,6 +47,9 @@ struct ProgramLine {
 
 struct ProgramList {
     std::vector<ProgramLine> Rows;
+    /// Counts the changes of the rows, so that whoever shows them needs to look only when it has changed:
+    /// every pass of the check and every row that comes or goes.
+    unsigned Version = 0;
     /// The editing cursor: index of the selected row from 1, 0 for none.
     int Selected = 0;
     /// The first visible row, from 1, and how many rows are visible.

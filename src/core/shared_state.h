@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 /// The three machines: the Compact 5 CNC lathe with the controls MK2 and MK4, and the F1 CNC mill.
 enum class MachineKind { MK2, MK4, F1 };
@@ -104,6 +105,8 @@ struct SharedState {
     bool FindNext = false;
     /// The caption that the entry frame returns to when the program is cleared.
     std::string EntryCaption;
+    /// Paths of the files opened or saved last, the latest first.
+    std::vector<std::string> RecentFiles;
     /// The language module in use: its path, the language's name, the translator; "" without one.
     std::string LanguageFileName, LanguageName, TranslatorName;
     /// The program has been left.

@@ -359,6 +359,7 @@ std::optional<Pass> WaitingPass;
 /// Walks on to the end, or in Run mode to the next line that has to wait.
 void WalkOn(Pass& pass)
 {
+    ++lvCncProgram.Version;
     Walk walk = Walk::GoOn;
     while (walk == Walk::GoOn && pass.LineIndex < pass.Lines) {
         if (Shared.RunMode) {
@@ -405,6 +406,7 @@ void MoveTool(Pass& pass)
 void Interpreter()
 {
     WaitingPass.reset();
+    ++lvCncProgram.Version;
     BeginPass();
     Pass pass;
     pass.Lines = LineCount();

@@ -21,11 +21,14 @@ struct MessageBox {
     ::Icon Icon = Icon::None;
 };
 
-/// A file dialog: what it proposes, and which files it shows ("text|patterns|text|patterns|").
+/// A file dialog: what it proposes, where it begins, and which files it shows
+/// ("text|patterns|text|patterns|").
 struct FileDialog {
     enum class Purpose { Open, Save } For;
     std::string Name;
     std::string Filter;
+    /// Where the dialog begins; "" leaves that to the platform.
+    std::string Folder;
 };
 
 struct DateTime {

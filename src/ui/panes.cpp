@@ -3,6 +3,9 @@
 #include "core/main_window.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
+#include "core/text.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -168,4 +171,34 @@ void ClearAxesProperties()
 void ShowLineCount()
 {
     frmMain.lblPPLines.Text = std::to_string(LineCount());
+}
+
+namespace {
+
+bool HasMessage(const ProgramLine& row)
+{
+    return row[CellError].find_first_not_of(' ') != std::string::npos;
+}
+
+std::string MessageText()
+{
+    if (!frmMain.lvCncProgram.ToolTip.empty() && Busy()) return frmMain.lvCncProgram.ToolTip;
+    if (!Shared.ErrorsPresent) return "";
+    const auto lines = lvCncProgram.Rows.begin() + LineCount();
+    const auto count = std::count_if(lvCncProgram.Rows.begin(), lines, HasMessage);
+    if (count == 0) return "";
+    const int selected = lvCncProgram.Selected;
+    const bool own = selected >= 1 && selected <= LineCount() && HasMessage(lvCncProgram.Row(selected));
+    const auto shown = own ? lvCncProgram.Rows.begin() + (selected - 1)
+                           : std::find_if(lvCncProgram.Rows.begin(), lines, HasMessage);
+    std::string text = "N" + std::string(Trimmed((*shown)[CellN])) + ":  " + (*shown)[CellError];
+    if (count > 1) text += "     (" + std::to_string(count) + " lines with messages)";
+    return text;
+}
+
+} // namespace
+
+void ShowLineMessage()
+{
+    frmMain.lblMessage.Text = MessageText();
 }

@@ -29,6 +29,10 @@ void HideInputFields();
 /// Empties the texts of the five parameter fields and of the comment.
 void ClearInputTexts();
 
+/// Says the message of the selected line, else that of the first line with one, and how many lines have one;
+/// while the rows are held, why. Runs when an event is over.
+void ShowLineMessage();
+
 /// Sets the nine labels of the axes to "0".
 void ClearAxesProperties();
 /// Shows LineCount in the program properties.

@@ -135,10 +135,12 @@ void ShowNotesOrProperties()
 
     // The code lists take the right column's upper half; the notes reach down to the window's edge or to
     // the frames in the bottom row.
-    constexpr int ListsEnd = 5360, SmallestFrame = 550;
+    // A higher window gives the lists 6 parts of 10 of what it has more.
+    constexpr int SmallestFrame = 550;
+    const int listsEnd = 5360 + std::max(0, frmMain.Window.Height - MinHeight) * 6 / 10;
     const int bottom = frmMain.Window.Height - (checked || width > BothFit ? 840 : 2000);
-    const int height = bottom - ListsEnd;
-    Place(frmMain.frFileNotes, width - 3700, ListsEnd, 3600, height);
+    const int height = bottom - listsEnd;
+    Place(frmMain.frFileNotes, width - 3700, listsEnd, 3600, height);
     frmMain.frFileNotes.Visible = height >= SmallestFrame;
     Place(frmMain.txtFileNotes, 130, 200, 3600 - 260, height - 260);
 }

@@ -1,0 +1,12 @@
+// The desktop program.
+
+#include <QApplication>
+#include <QWidget>
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QWidget window;
+    window.show();
+    return QApplication::exec();
+}
