@@ -1,5 +1,6 @@
 #include "cli/draw_command.h"
 
+#include "cli/module.h"
 #include "cli/ops_json.h"
 #include "cli/summary.h"
 #include "commands/drawing.h"
@@ -9,6 +10,7 @@
 #include "drawing/drawing_state.h"
 #include "drawing/view.h"
 #include "drawing/walk.h"
+#include "platform/files.h"
 #include "ui/choice.h"
 
 #include <cmath>
@@ -55,6 +57,18 @@ std::string OperationLines()
     return lines;
 }
 
+/// The drawing as a picture file, which replaces one of its name only when it is whole.
+Outcome WritePicture(const std::string& target, PictureFormat format)
+{
+    std::string why;
+    PaintPictureRoutine* const paint = LoadPicturePainter(why);
+    if (paint == nullptr) return Failed(why);
+    const std::string bytes = paint({&Picture.Operations(), CanvasWidth(), CanvasHeight(), format});
+    if (bytes.empty()) return Failed(target + ": the picture could not be made");
+    if (const auto failure = ReplaceFile(target, bytes)) return Failed(target + ": " + failure->Reason);
+    return {};
+}
+
 } // namespace
 
 bool ReadCanvasSize(const std::string& text, DrawOptions& options)
@@ -79,6 +93,9 @@ bool ReadZeroPoint(const std::string& text, DrawOptions& options)
 Outcome DrawFile(const LoadOptions& load, const DrawOptions& options, const std::string& file,
                  const std::string& target)
 {
+    PictureFormat format{};
+    if (!target.empty() && !FormatOfFile(target, format))
+        return Failed(target + ": a picture's name ends in .svg, .png or .pdf");
     if (const auto why = OpenProgram(load, file)) return Failed(file + ": " + *why);
     if (LineCount() == 0) return Failed(file + ": the program has no lines");
     if (Shared.ErrorsPresent && !options.Force) {
@@ -87,5 +104,5 @@ Outcome DrawFile(const LoadOptions& load, const DrawOptions& options, const std:
     }
     OpenDrawing(options);
     if (target.empty()) return {StatusDone, OperationLines()};
-    return Failed("no pictures yet: " + target);
+    return WritePicture(target, format);
 }

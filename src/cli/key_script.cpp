@@ -165,6 +165,11 @@ Fault Row(std::string_view rest)
     return WithNumber(rest, ClickRow);
 }
 
+Fault RightRow(std::string_view rest)
+{
+    return WithNumber(rest, RightClickRow);
+}
+
 Fault Select(std::string_view rest)
 {
     return WithNumber(rest, [](int row) {
@@ -376,7 +381,7 @@ constexpr ItemRoutine Items[] = {
     {"CHECK", Check},
     {"MENU", Menu},
     {"ROW", Row},
-    {"RIGHTROW", Row},
+    {"RIGHTROW", RightRow},
     {"SELECT", Select},
     {"HEADER", Header},
     {"PICK", Pick},

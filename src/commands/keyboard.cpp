@@ -62,7 +62,7 @@ bool TakeFocusByClick(Control& control)
 {
     if (!TakesFocus(control)) return true;
     SetFocus(control);
-    return HasFocus(control);
+    return HasFocus(control) && IsUsable(control); // the field that was left may have disabled it
 }
 
 void RunClick(Control& control)
@@ -333,4 +333,10 @@ void ClickHeader(int header)
     BringMainToFront();
     SetFocus(frmMain.lvCncProgram);
     lvCncProgram_ColumnClick(header);
+}
+
+void RightClickRow(int row)
+{
+    ClickRow(row);
+    tmr1sec_Timer();
 }

@@ -84,7 +84,7 @@ bool WriteEntry()
     const std::string& code = frmMain.txtGMcode.Text;
     std::string& fourth = frmMain.txtFKTL.Text;
     if (code == "06") {
-        if (fourth.empty()) fourth = "01";
+        if (IsBlank(fourth)) fourth = "01";
     } else if (Val(fourth) < SmallestFeed) {
         fourth = frmMain.txtFeedA.Text;
     }
