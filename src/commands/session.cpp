@@ -189,5 +189,6 @@ void AfterEvent()
     MendFocus();
     frmMain.lblChanged.Text = Shared.Changed ? "*" : "";
     ShowLineMessage();
+    ShowHint();
     WriteLog();
 }
