@@ -2,6 +2,7 @@
 
 #include "cli/open_program.h"
 #include "cli/ops_json.h"
+#include "core/control_names.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/profile.h"
@@ -115,13 +116,6 @@ Json ControlState(const Control& control)
     if (control.Back >= 0) json["back"] = ColorText(control.Back);
     if (control.Fore >= 0) json["fore"] = ColorText(control.Fore);
     return json;
-}
-
-/// The name that a script uses: an element of an array with its index.
-std::string FullName(const Control& control)
-{
-    const std::string name = control.Name;
-    return control.Element < 0 ? name : name + "(" + std::to_string(control.Element) + ")";
 }
 
 Json Controls()

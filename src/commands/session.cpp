@@ -195,5 +195,6 @@ void AfterEvent()
     MendFocus();
     frmMain.lblChanged.Text = Shared.Changed ? "*" : "";
     ShowLineMessage();
+    ShowHint();
     WriteLog();
 }

@@ -1,12 +1,32 @@
-// The desktop program.
+// The desktop program: brixley [FILE]
+
+#include "commands/load.h"
+#include "commands/session.h"
+#include "core/app_data.h"
+#include "qt/main_frame.h"
 
 #include <QApplication>
-#include <QWidget>
+#include <QFileInfo>
 
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    QWidget window;
-    window.show();
+    QApplication::setApplicationName("brixley");
+    QApplication::setApplicationDisplayName(ProductName);
+    QApplication::setApplicationVersion(ProductVersion);
+
+    Desktop desktop;
+    ResetState();
+    MainFrame window(desktop);
+    FindFrame find(desktop, &window);
+    desktop.Run([] { StartNew(MachineKind::MK4, true, false); });
+    window.Open();
+
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() > 1) {
+        const std::string file = QFileInfo(arguments[1]).absoluteFilePath().toStdString();
+        desktop.Run([&] { LoadFile(file); });
+    }
+    desktop.StartTick();
     return QApplication::exec();
 }

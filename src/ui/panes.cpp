@@ -1,9 +1,11 @@
 #include "ui/panes.h"
 
+#include "core/control_names.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
 #include "core/text.h"
+#include "ui/focus.h"
 
 #include <algorithm>
 
@@ -201,4 +203,17 @@ std::string MessageText()
 void ShowLineMessage()
 {
     frmMain.lblMessage.Text = MessageText();
+}
+
+void ShowHint()
+{
+    const Control* const focused = Focused();
+    std::string& hint = frmMain.lblHint.Text;
+    hint.clear();
+    if (focused == nullptr || IsHelpUp()) return;
+    if (focused->In != &frmMain.frEntry && focused != &frmMain.lvCncProgram) return;
+    const size_t to = focused->Tag.find("TO");
+    hint = AccessibleName(*focused) + ": ";
+    hint += to == std::string::npos ? TipOf(*focused)
+                                    : focused->Tag.substr(0, to) + " to " + focused->Tag.substr(to + 2);
 }

@@ -32,6 +32,8 @@ void ClearInputTexts();
 /// Says the message of the selected line, else that of the first line with one, and how many lines have one;
 /// while the rows are held, why. Runs when an event is over.
 void ShowLineMessage();
+/// Says what the control that has the cursor wants: the limits of a field, else its tip. Runs likewise.
+void ShowHint();
 
 /// Sets the nine labels of the axes to "0".
 void ClearAxesProperties();

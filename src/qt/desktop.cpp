@@ -1,0 +1,246 @@
+#include "qt/desktop.h"
+
+#include "commands/keyboard.h"
+#include "commands/session.h"
+#include "core/main_window.h"
+#include "core/shared_state.h"
+#include "editor/find.h"
+#include "qt/keys.h"
+#include "qt/pane.h"
+#include "qt/text_sync.h"
+#include "ui/focus.h"
+#include "ui/panes.h"
+#include "ui/tick.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+
+#include <algorithm>
+#include <utility>
+
+Desktop::Desktop()
+{
+    ThePlatform = &Platform;
+    Platform.BeforeBox = [this] {
+        for (const Window& window : Windows) window.Render();
+        Widgets.Push();
+    };
+    qApp->installEventFilter(this);
+    Tick.setInterval(1000);
+    connect(&Tick, &QTimer::timeout, this, [this] { Run(tmr1sec_Timer); });
+}
+
+Desktop::~Desktop()
+{
+    qApp->removeEventFilter(this);
+}
+
+void Desktop::AddWindow(QWidget* window, std::function<void()> render)
+{
+    Windows.push_back({window, std::move(render)});
+}
+
+void Desktop::StartTick()
+{
+    Tick.start();
+}
+
+void Desktop::Run(const std::function<void()>& routine)
+{
+    if (InEvent || Shared.Ended) return;
+    InEvent = true;
+    CopyCaretIn();
+    routine();
+    AfterEvent();
+    InEvent = false;
+    Render();
+    if (Shared.Ended) QApplication::quit();
+    if (Later.empty() || InEvent) return;
+    const auto waiting = std::exchange(Later, {});
+    for (const auto& next : waiting) Run(next);
+}
+
+void Desktop::RunLater(const std::function<void()>& routine)
+{
+    if (!InEvent) {
+        Run(routine);
+    } else {
+        Later.push_back(routine);
+    }
+}
+
+void Desktop::Render()
+{
+    // Widgets that move or change while they are pushed report nothing back.
+    InEvent = true;
+    Widgets.Push();
+    for (const Window& window : Windows) window.Render();
+    PushFocus();
+    InEvent = false;
+}
+
+bool Desktop::IsOurs(const QObject* receiver) const
+{
+    if (receiver == nullptr || !receiver->isWidgetType()) return false;
+    const QWidget* const window = static_cast<const QWidget*>(receiver)->window();
+    return std::any_of(Windows.begin(), Windows.end(),
+                       [&](const Window& ours) { return ours.Widget == window; });
+}
+
+void Desktop::CopyCaretIn()
+{
+    Control* const box = TypingBox();
+    if (box == nullptr) return;
+    if (const QWidget* const widget = Widgets.Of(*box)) CopyIn(*widget, *box);
+}
+
+void Desktop::PushFocus()
+{
+    if (IsFindInFront()) {
+        if (QWidget* const box = Widgets.Of(frmFind.txtFind)) {
+            box->setFocus(Qt::OtherFocusReason);
+            PushSelection(*box, frmFind.txtFind);
+        }
+        return;
+    }
+    Control* focused = Focused();
+    if (IsHelpUp() && focused != &frmMain.cmdReturn) {
+        for (Control* page :
+             {&frmMain.rtfHelp, &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4, &frmMain.rtfAbout})
+            if (page->Visible) focused = page;
+    }
+    if (focused == nullptr) return;
+    QWidget* const widget = Widgets.Of(*focused);
+    if (widget == nullptr) return;
+    QWidget* target = widget;
+    while (target->focusProxy() != nullptr) target = target->focusProxy();
+    if (target->window()->focusWidget() != target) target->setFocus(Qt::OtherFocusReason);
+    if (focused == TypingBox()) PushSelection(*widget, *focused);
+}
+
+void Desktop::ConnectWidgets(Control& record)
+{
+    QWidget* const widget = Widgets.Of(record);
+    const auto change = [this, &record, widget] {
+        CopyIn(*widget, record);
+        Run([&record] {
+            if (record.On.Change != nullptr) record.On.Change();
+        });
+    };
+    if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
+        connect(button, &QAbstractButton::clicked, this,
+                [this, &record] { Run([&] { ClickControl(record); }); });
+    } else if (auto* list = qobject_cast<QListWidget*>(widget)) {
+        connect(list, &QListWidget::clicked, this, [this, &record](const QModelIndex& index) {
+            Run([&, row = index.row()] { PickListItem(record, row); });
+        });
+    } else if (auto* combo = qobject_cast<QComboBox*>(widget)) {
+        connect(combo, &QComboBox::activated, this,
+                [this, &record](int index) { Run([&, index] { PickListItem(record, index); }); });
+        if (combo->isEditable()) connect(combo->lineEdit(), &QLineEdit::textEdited, this, change);
+    } else if (auto* tabs = dynamic_cast<TabPane*>(widget)) {
+        connect(tabs->Buttons(), &QButtonGroup::idClicked, this,
+                [this, &record](int index) { Run([&, index] { PickListItem(record, index); }); });
+    } else if (auto* line = qobject_cast<QLineEdit*>(widget)) {
+        connect(line, &QLineEdit::textEdited, this, change);
+    } else if (auto* edit = qobject_cast<QPlainTextEdit*>(widget)) {
+        connect(edit, &QPlainTextEdit::textChanged, this, change);
+    }
+}
+
+bool Desktop::eventFilter(QObject* receiver, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::ShortcutOverride: {
+        if (!IsOurs(receiver)) break;
+        const auto key = KeyStrokeOf(*static_cast<QKeyEvent*>(event));
+        if (!key || !IsShortcut(*key)) break;
+        event->accept();
+        return true;
+    }
+    case QEvent::KeyPress:
+        if (IsOurs(receiver) && qobject_cast<QMenuBar*>(receiver) == nullptr)
+            return TakeKey(receiver, static_cast<QKeyEvent*>(event));
+        break;
+    case QEvent::InputMethod:
+        if (IsOurs(receiver)) return TakeInputMethod(static_cast<QInputMethodEvent*>(event));
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        if (IsOurs(receiver)) return TakePress(receiver);
+        break;
+    case QEvent::MouseButtonRelease:
+        if (IsOurs(receiver)) return TakeRelease(receiver, static_cast<QMouseEvent*>(event)->position());
+        break;
+    default: break;
+    }
+    return false;
+}
+
+bool Desktop::TakeKey(QObject* receiver, QKeyEvent* event)
+{
+    const auto key = KeyStrokeOf(*event);
+    if (!key) return false;
+    event->accept();
+    OfferAndType(*key, receiver, event);
+    return true;
+}
+
+bool Desktop::TakeInputMethod(QInputMethodEvent* event)
+{
+    Control* const box = TypingBox();
+    if (box == nullptr || event->commitString().isEmpty()) return box != nullptr;
+    for (const QChar& c : event->commitString()) {
+        QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        OfferAndType(KeyStrokeOf(c), QApplication::focusWidget(), &typed);
+    }
+    event->accept();
+    return true;
+}
+
+void Desktop::OfferAndType(const KeyStroke& key, QObject* receiver, QKeyEvent* native)
+{
+    if (InEvent) return;
+    std::optional<KeyStroke> left;
+    Run([&] { left = OfferKey(key); });
+    if (!left || Shared.Ended || receiver == nullptr) return;
+    Control* const box = TypingBox();
+    const bool otherCase = left->Name == KeyName::Character && left->Typed != key.Typed;
+    if (box != nullptr && otherCase) {
+        QWidget* const widget = Widgets.Of(*box);
+        TypeCharacter(*widget, left->Typed);
+        CopyIn(*widget, *box);
+    } else {
+        receiver->event(native);
+    }
+}
+
+bool Desktop::TakePress(QObject* receiver)
+{
+    if (InEvent) return true;
+    Control* const record = Widgets.RecordOf(receiver);
+    if (record == nullptr || (record->Is != Kind::TextBox && record->Is != Kind::Combo)) return false;
+    // The widget puts its caret only when the engine has let the cursor come.
+    if (record == &frmFind.txtFind) return false;
+    Run([&] { ClickControl(*record); });
+    return !HasFocus(*record);
+}
+
+bool Desktop::TakeRelease(QObject* receiver, const QPointF& at)
+{
+    Control* const record = Widgets.RecordOfExactly(receiver);
+    if (record == nullptr || record->On.Click == nullptr) return false;
+    const bool plain = record->Is == Kind::Label || record->Is == Kind::Frame || record->Is == Kind::Picture;
+    if (!plain || !static_cast<QWidget*>(receiver)->rect().contains(at.toPoint())) return false;
+    Run([&] { ClickControl(*record); });
+    return true;
+}

@@ -1,0 +1,70 @@
+// desktop.h: events of the toolkit become events of the engine, and its records become widgets again.
+//
+// An event copies the caret in, runs one routine of the engine and AfterEvent(), and renders. Only one runs
+// at a time: what arrives while a box is up waits or is dropped. Keys are offered to the engine first; what
+// it leaves is typed by the widget. The focus is the engine's, and put where it says.
+
+#pragma once
+
+#include "qt/control_widgets.h"
+#include "qt/qt_platform.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+#include <vector>
+
+class QInputMethodEvent;
+class QKeyEvent;
+class QWidget;
+
+class Desktop : public QObject
+{
+public:
+    Desktop();
+    ~Desktop() override;
+
+    ControlWidgets Widgets;
+
+    /// Takes in a window whose keys and clicks are the engine's. `render` pushes what is its own.
+    void AddWindow(QWidget* window, std::function<void()> render);
+
+    /// Runs a routine of the engine as one event. Nothing while another event runs.
+    void Run(const std::function<void()>& routine);
+    /// Runs it when the event that runs now is over.
+    void RunLater(const std::function<void()>& routine);
+    bool IsInEvent() const { return InEvent; }
+
+    /// Connects the clicks and choices of the widgets that have been made.
+    void ConnectWidgets(Control& record);
+
+    /// Pushes all records into the widgets.
+    void Render();
+
+    /// The tick of each second.
+    void StartTick();
+
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
+    bool IsOurs(const QObject* receiver) const;
+    void CopyCaretIn();
+    void PushFocus();
+    bool TakeKey(QObject* receiver, QKeyEvent* event);
+    bool TakeInputMethod(QInputMethodEvent* event);
+    /// Offers a key and lets the widget type what is left; `native` is the event to type with, if any.
+    void OfferAndType(const KeyStroke& key, QObject* receiver, QKeyEvent* native);
+    bool TakePress(QObject* receiver);
+    bool TakeRelease(QObject* receiver, const QPointF& at);
+
+    struct Window {
+        QWidget* Widget;
+        std::function<void()> Render;
+    };
+    std::vector<Window> Windows;
+    std::vector<std::function<void()>> Later;
+    QtPlatform Platform;
+    QTimer Tick;
+    bool InEvent = false;
+};

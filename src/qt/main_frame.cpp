@@ -1,0 +1,259 @@
+#include "qt/main_frame.h"
+
+#include "commands/keyboard.h"
+#include "commands/load.h"
+#include "commands/window.h"
+#include "core/control_names.h"
+#include "core/main_window.h"
+#include "core/shared_state.h"
+#include "editor/find.h"
+#include "qt/arrangement.h"
+#include "qt/menus.h"
+#include "qt/pane.h"
+#include "qt/program_list_view.h"
+#include "qt/theme.h"
+#include "qt/twips.h"
+#include "ui/focus.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+/// The panes are made for this size of letters; the screen's scale makes them larger.
+constexpr double LargestFont = 9;
+
+QString FirstLocalFile(const QMimeData& data)
+{
+    for (const QUrl& url : data.urls()) {
+        if (url.isLocalFile()) return url.toLocalFile();
+    }
+    return {};
+}
+
+} // namespace
+
+MainFrame::MainFrame(Desktop& desktop) : Events(desktop), Content(new QWidget(this)), RowMenu(new QMenu(this))
+{
+    QFont small = font();
+    small.setPointSizeF(std::min(small.pointSizeF(), LargestFont));
+    setFont(small);
+    setWindowIcon(Theme::PictureIcon("brixley"));
+    setAcceptDrops(true);
+    setCentralWidget(Content);
+    Content->setFont(small);
+    Warning = new QLabel(Content);
+    MakeWidgets();
+    MakeMenus(desktop, *menuBar(), *RowMenu);
+    LayOutPanes(desktop.Widgets);
+    ConnectList();
+    setMinimumSize(ToPixels(*this, MinWidth), ToPixels(*this, MinHeight));
+    desktop.AddWindow(this, [this] { Render(); });
+}
+
+void MainFrame::MakeWidgets()
+{
+    Events.Widgets.Add(frmMain.Window, this);
+    frmMain.ForEach([&](Control& record) {
+        if (record.Is == Kind::Menu) return;
+        QWidget* parent = record.In == &frmMain.Window ? Content : Events.Widgets.Of(*record.In);
+        if (record.Page >= 0) parent = Events.Widgets.As<TabPane>(*record.In)->Page(record.Page);
+        Events.Widgets.Make(record, parent);
+        Events.ConnectWidgets(record);
+    });
+}
+
+void MainFrame::ConnectList()
+{
+    auto* const list = Events.Widgets.As<ProgramListView>(frmMain.lvCncProgram);
+    list->OnHeader = [this](int header) { Events.Run([=] { ClickHeader(header); }); };
+    list->OnRow = [this](int row, Qt::MouseButton button, QPoint at) {
+        Events.Run([=] { row > 0 ? ClickRow(row) : ClickControl(frmMain.lvCncProgram); });
+        if (row > 0 && button == Qt::RightButton) RowMenu->popup(at);
+    };
+}
+
+void MainFrame::Open()
+{
+    const QRect screen = this->screen()->geometry(), work = this->screen()->availableGeometry();
+    Shared.Screen = {ToTwips(*this, screen.width()), ToTwips(*this, screen.height()),
+                     ToTwips(*this, work.height())};
+    // In the middle of the screen.
+    const Control& window = frmMain.Window;
+    const QSize size(ToPixels(*this, window.Width), ToPixels(*this, window.Height));
+    QRect place(QPoint(), size);
+    place.moveCenter(work.center());
+    setGeometry(place);
+    Events.Render();
+    show();
+}
+
+void MainFrame::Render()
+{
+    const QString title = QString::fromStdString(frmMain.Window.Text);
+    if (windowTitle() != title) setWindowTitle(title);
+    PushSize();
+    PlacePanes(Events.Widgets, *Content);
+    Events.Widgets.As<ProgramListView>(frmMain.lvCncProgram)->Render();
+
+    // What lies over others is in front of them.
+    for (const Control* over :
+         {&frmMain.tabSettings, &frmMain.rtfHelp, &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4,
+          &frmMain.rtfAbout, &frmMain.lstAbout, &frmMain.picZXaxes, &frmMain.picXYaxes, &frmMain.frRXcode,
+          &frmMain.frCmdRX, &frmMain.cmdReturn}) {
+        if (over->Visible) Events.Widgets.Of(*over)->raise();
+    }
+
+    // The message: words behind a sign, in a colour of its own.
+    QWidget* const message = Events.Widgets.Of(frmMain.lblMessage);
+    const QColor color = Theme::Error(palette(), QPalette::Window);
+    if (message->palette().color(QPalette::WindowText) != color) {
+        QPalette colored = palette();
+        colored.setColor(QPalette::WindowText, color);
+        message->setPalette(colored);
+    }
+    Warning->setVisible(!frmMain.lblMessage.Text.empty());
+    Warning->setGeometry(8, message->y(), 16, message->height());
+    if (Warning->isVisible())
+        Warning->setPixmap(Theme::PictureIcon("warning").pixmap(QSize(16, 16), devicePixelRatio()));
+    QWidget* const hint = Events.Widgets.Of(frmMain.lblHint);
+    const QColor muted = Theme::Muted(palette());
+    if (hint->palette().color(QPalette::WindowText) != muted) {
+        QPalette quiet = palette();
+        quiet.setColor(QPalette::WindowText, muted);
+        hint->setPalette(quiet);
+    }
+}
+
+void MainFrame::PushSize()
+{
+    if (isMaximized() && !Shared.Maximized) showNormal();
+    if (!isMaximized() && Shared.Maximized && !Shared.Minimized) setWindowState(Qt::WindowMaximized);
+    if (Shared.Maximized || Shared.Minimized) return;
+    const QSize size(ToPixels(*this, frmMain.Window.Width), ToPixels(*this, frmMain.Window.Height));
+    if (this->size() != size) resize(size);
+}
+
+void MainFrame::TakeSize()
+{
+    const int wide = ToTwips(*this, width()), high = ToTwips(*this, height());
+    const bool maximized = isMaximized(), minimized = isMinimized();
+    Control& window = frmMain.Window;
+    const bool same = ToPixels(*this, window.Width) == width() &&
+                      ToPixels(*this, window.Height) == height() && maximized == Shared.Maximized &&
+                      minimized == Shared.Minimized;
+    if (same) {
+        PlacePanes(Events.Widgets, *Content);
+        return;
+    }
+    Events.RunLater([=, &window] {
+        Shared.Maximized = maximized;
+        Shared.Minimized = minimized;
+        if (!minimized) {
+            window.Width = wide;
+            window.Height = high;
+        }
+        Form_Resize();
+    });
+}
+
+void MainFrame::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    if (isVisible()) TakeSize();
+}
+
+void MainFrame::moveEvent(QMoveEvent* event)
+{
+    QMainWindow::moveEvent(event);
+    if (isMaximized() || isMinimized()) return;
+    frmMain.Window.Left = ToTwips(*this, x());
+    frmMain.Window.Top = ToTwips(*this, y());
+}
+
+void MainFrame::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    switch (event->type()) {
+    case QEvent::WindowStateChange:
+        if (isVisible()) TakeSize();
+        break;
+    case QEvent::ActivationChange:
+        // From another window of the program, not from a box.
+        if (isActiveWindow() && IsFindInFront()) {
+            Events.RunLater([] {
+                BringMainToFront();
+                Form_Activate();
+            });
+        }
+        break;
+    case QEvent::PaletteChange: Events.RunLater([] {}); break;
+    default: break;
+    }
+}
+
+void MainFrame::closeEvent(QCloseEvent* event)
+{
+    Events.Run(mnuExit_Click);
+    event->setAccepted(Shared.Ended);
+}
+
+void MainFrame::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!FirstLocalFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void MainFrame::dropEvent(QDropEvent* event)
+{
+    const std::string file = FirstLocalFile(*event->mimeData()).toStdString();
+    event->acceptProposedAction();
+    activateWindow();
+    // The drag is over before a box asks.
+    QTimer::singleShot(0, this, [this, file] { Events.Run([&] { LoadFile(file); }); });
+}
+
+FindFrame::FindFrame(Desktop& desktop, QWidget* parent)
+    : QDialog(parent, Qt::Tool | Qt::WindowStaysOnTopHint), Events(desktop)
+{
+    setWindowTitle("Find");
+    desktop.Widgets.Add(frmFind.Window, this);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(8, 8, 8, 8);
+    QWidget* const box = desktop.Widgets.Make(frmFind.txtFind, this);
+    qobject_cast<QLineEdit*>(box)->setPlaceholderText("Text, then Enter");
+    layout->addWidget(box);
+    layout->addStretch();
+    desktop.ConnectWidgets(frmFind.txtFind);
+    resize(ToPixels(*this, 2100), ToPixels(*this, 1200));
+    desktop.AddWindow(this, [this] { Render(); });
+}
+
+void FindFrame::Render()
+{
+    const bool shown = frmFind.Window.Visible;
+    if (isVisible() != shown) setVisible(shown);
+    if (shown && IsFindInFront() && !isActiveWindow()) activateWindow();
+}
+
+void FindFrame::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !IsFindInFront())
+        Events.RunLater(BringFindToFront);
+}
+
+void FindFrame::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    Events.Run(HideFind);
+}

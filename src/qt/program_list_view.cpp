@@ -1,0 +1,270 @@
+#include "qt/program_list_view.h"
+
+#include "core/main_window.h"
+#include "core/program_list.h"
+#include "core/shared_state.h"
+#include "core/text.h"
+#include "qt/theme.h"
+#include "qt/twips.h"
+
+#include <QContextMenuEvent>
+#include <QFontDatabase>
+#include <QHeaderView>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int Gap = 4;
+
+bool HasMessage(const ProgramLine& row)
+{
+    return row[CellError].find_first_not_of(' ') != std::string::npos;
+}
+
+QColor ColorOf(const ProgramLine& row, size_t cell, const QPalette& palette, const QColor& paper)
+{
+    const QColor text = palette.color(QPalette::Active, QPalette::Text);
+    if (cell == CellError) return Theme::Readable(Theme::Error(palette), paper);
+    if (row[CellN] == "NN") return Theme::Readable(Theme::Mixed(text, paper, 0.45), paper);
+    if (cell > CellH || row.Color == LineColor::None) return text;
+    const float color = row.Color == LineColor::Absolute ? Shared.AbsColor : Shared.IncrColor;
+    return Theme::Readable(Theme::FromBgr(static_cast<int>(color)), paper);
+}
+
+/// A triangle with a stroke in it: what is wrong is told by more than colour.
+void DrawWarning(QPainter& painter, const QRectF& place, const QColor& color, const QColor& paper)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    const QPointF corners[] = {{place.center().x(), place.top()}, place.bottomRight(), place.bottomLeft()};
+    painter.drawPolygon(corners, 3);
+    const double middle = place.center().x(), height = place.height();
+    painter.setPen(QPen(paper, height / 8));
+    painter.drawLine(QPointF(middle, place.top() + height * 0.38),
+                     QPointF(middle, place.top() + height * 0.65));
+    painter.drawPoint(QPointF(middle, place.top() + height * 0.84));
+    painter.restore();
+}
+
+class CellDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const auto cell = static_cast<size_t>(index.column());
+        const ProgramLine& row = lvCncProgram.Rows[static_cast<size_t>(index.row())];
+        const bool selected = index.row() + 1 == lvCncProgram.Selected;
+        const bool focused = static_cast<const QWidget*>(parent())->hasFocus();
+        QColor paper = option.palette.color(QPalette::Base);
+        if (index.row() % 2 == 1) paper = Theme::Mixed(paper, option.palette.color(QPalette::Text), 0.03);
+        if (selected) paper = Theme::SelectedRow(option.palette, focused);
+        painter->fillRect(option.rect, paper);
+
+        QRect place = option.rect.adjusted(Gap, 0, -Gap, 0);
+        const QColor ink = ColorOf(row, cell, option.palette, paper);
+        if (cell == CellN && selected) {
+            const QColor bar = option.palette.color(QPalette::Active, QPalette::Highlight);
+            painter->fillRect(QRect(option.rect.topLeft(), QSize(3, option.rect.height())), bar);
+        }
+        const bool warns = (cell == CellN || cell == CellError) && HasMessage(row);
+        if (warns) {
+            const double size = cell == CellN ? 8 : 11;
+            const QRectF mark(place.left() + (cell == CellN ? 0.5 : 0),
+                              option.rect.center().y() + 0.5 - size / 2, size, size);
+            DrawWarning(*painter, mark, Theme::Readable(Theme::Error(option.palette), paper), paper);
+            if (cell == CellError) place.setLeft(place.left() + 16);
+        }
+        painter->setFont(option.font);
+        painter->setPen(ink);
+        const QString text = index.data().toString();
+        const bool left = cell == CellError || cell == CellComment;
+        painter->drawText(place, static_cast<int>(left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter,
+                          option.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));
+    }
+};
+
+/// What a reader of the screen says of a row, and what its tip shows.
+QString RowText(const ProgramLine& row)
+{
+    QStringList words{"N" + QString::fromStdString(row[CellN]).trimmed()};
+    for (size_t cell = CellCode; cell <= CellComment; ++cell) {
+        if (cell > CellH && cell != CellComment) continue;
+        const QString word = QString::fromStdString(row[cell]).simplified();
+        if (!word.isEmpty()) words << QString::fromStdString(lvCncProgram.Headers[cell]) + " " + word;
+    }
+    if (HasMessage(row)) words << QString::fromStdString(row[CellError]);
+    return words.join(", ");
+}
+
+} // namespace
+
+int ProgramListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : Rows;
+}
+
+int ProgramListModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(CellCount);
+}
+
+QVariant ProgramListModel::data(const QModelIndex& index, int role) const
+{
+    if (index.row() >= lvCncProgram.RowCount()) return {};
+    const ProgramLine& row = lvCncProgram.Rows[static_cast<size_t>(index.row())];
+    const auto cell = static_cast<size_t>(index.column());
+    switch (role) {
+    case Qt::DisplayRole: return QString::fromStdString(row[cell]);
+    case Qt::ToolTipRole:
+    case Qt::AccessibleTextRole: return RowText(row);
+    default: return {};
+    }
+}
+
+QVariant ProgramListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= static_cast<int>(CellCount)) return {};
+    const auto cell = static_cast<size_t>(section);
+    const bool left = cell == CellError || cell == CellComment;
+    switch (role) {
+    case Qt::DisplayRole: return QString::fromStdString(lvCncProgram.Headers[cell]);
+    case Qt::TextAlignmentRole:
+        return static_cast<int>(left ? Qt::AlignLeft : Qt::AlignRight) | static_cast<int>(Qt::AlignVCenter);
+    case Qt::ToolTipRole:
+        return cell == CellError ? QString("Click to open the line of the first message")
+                                 : QString::fromStdString(lvCncProgram.Headers[cell]);
+    default: return {};
+    }
+}
+
+void ProgramListModel::Follow()
+{
+    if (Version == lvCncProgram.Version && Rows == lvCncProgram.RowCount()) return;
+    Version = lvCncProgram.Version;
+    const int rows = lvCncProgram.RowCount();
+    if (rows > Rows) {
+        beginInsertRows({}, Rows, rows - 1);
+        Rows = rows;
+        endInsertRows();
+    } else if (rows < Rows) {
+        beginRemoveRows({}, rows, Rows - 1);
+        Rows = rows;
+        endRemoveRows();
+    }
+    if (rows > 0) emit dataChanged(index(0, 0), index(rows - 1, static_cast<int>(CellCount) - 1));
+}
+
+ProgramListView::ProgramListView(QWidget* parent) : QTableView(parent)
+{
+    setModel(&Model);
+    setItemDelegate(new CellDelegate(this));
+    setShowGrid(false);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setVerticalScrollMode(ScrollPerItem);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setAutoScroll(false); // the engine says which rows are in view
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(1);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(true);
+    horizontalHeader()->setMinimumSectionSize(1);
+    SetRowHeight();
+
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this,
+            [this](int section) { OnHeader(section + 1); });
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section, int, int size) {
+        const auto cell = static_cast<size_t>(section);
+        if (Pushing || size == 0) return;
+        lvCncProgram.Widths[cell] = ToTwips(*this, size + (cell == CellComment ? LostWidth() : 0));
+    });
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
+        if (!Pushing) lvCncProgram.TopRow = value + 1;
+    });
+}
+
+void ProgramListView::SetRowHeight()
+{
+    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    fixed.setPointSizeF(font().pointSizeF());
+    if (Model.rowCount() >= 0 && property("fixedFont").toString() != fixed.toString()) {
+        setProperty("fixedFont", fixed.toString());
+        setFont(fixed);
+    }
+    verticalHeader()->setDefaultSectionSize(QFontMetrics(fixed).height() + 5);
+}
+
+void ProgramListView::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) viewport()->update();
+}
+
+int ProgramListView::LostWidth() const
+{
+    return width() - viewport()->width();
+}
+
+void ProgramListView::PushWidths()
+{
+    for (size_t cell = 0; cell < CellCount; ++cell) {
+        const int column = static_cast<int>(cell);
+        int pixels = ToPixels(*this, lvCncProgram.Widths[cell]);
+        constexpr int Smallest = 4830;
+        // The comment fills the list as far as border and scroll bar leave it room.
+        if (cell == CellComment) pixels = std::max(pixels - LostWidth(), ToPixels(*this, Smallest));
+        if (lvCncProgram.Widths[cell] == 0) {
+            if (!isColumnHidden(column)) setColumnHidden(column, true);
+            continue;
+        }
+        if (isColumnHidden(column)) setColumnHidden(column, false);
+        if (columnWidth(column) != pixels) setColumnWidth(column, pixels);
+    }
+}
+
+void ProgramListView::Render()
+{
+    Pushing = true;
+    Model.Follow();
+    PushWidths();
+    const int visible = std::max(1, viewport()->height() / verticalHeader()->defaultSectionSize());
+    lvCncProgram.VisibleRows = visible;
+    if (lvCncProgram.Selected > 0 && currentIndex().row() + 1 != lvCncProgram.Selected) {
+        // Brings the row into view where it isn't, beside what the list itself has scrolled to.
+        verticalScrollBar()->setValue(lvCncProgram.TopRow - 1);
+        setCurrentIndex(Model.index(lvCncProgram.Selected - 1, static_cast<int>(CellN)));
+        ScrollIntoView(lvCncProgram.Selected);
+    }
+    const int top = std::clamp(lvCncProgram.TopRow - 1, 0, verticalScrollBar()->maximum());
+    if (verticalScrollBar()->value() != top) verticalScrollBar()->setValue(top);
+    lvCncProgram.TopRow = verticalScrollBar()->value() + 1;
+    horizontalHeader()->viewport()->update();
+    viewport()->update();
+    Pushing = false;
+}
+
+void ProgramListView::mousePressEvent(QMouseEvent* event)
+{
+    const int row = rowAt(event->position().toPoint().y()) + 1;
+    OnRow(row, event->button(), event->globalPosition().toPoint());
+}
+
+void ProgramListView::contextMenuEvent(QContextMenuEvent* event)
+{
+    // The right button was answered when it was pressed; this is the menu key.
+    if (event->reason() != QContextMenuEvent::Keyboard || lvCncProgram.Selected == 0) return;
+    const QRect row = visualRect(Model.index(lvCncProgram.Selected - 1, static_cast<int>(CellN)));
+    OnRow(lvCncProgram.Selected, Qt::RightButton, viewport()->mapToGlobal(row.bottomLeft()));
+}

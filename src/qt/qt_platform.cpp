@@ -1,0 +1,141 @@
+#include "qt/qt_platform.h"
+
+#include "core/app_data.h"
+#include "qt/theme.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDateTime>
+#include <QFileDialog>
+#include <QFontDatabase>
+#include <QMessageBox>
+#include <QProcess>
+#include <QStandardPaths>
+
+namespace {
+
+struct ButtonSet {
+    Buttons Set;
+    QMessageBox::StandardButtons Shown;
+    QMessageBox::StandardButton Default, Escape;
+};
+constexpr ButtonSet ButtonSets[] = {
+    {Buttons::OK, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok},
+    {Buttons::YesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No},
+    {Buttons::YesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes,
+     QMessageBox::Cancel},
+};
+
+QMessageBox::Icon IconOf(Icon icon, Buttons buttons)
+{
+    switch (icon) {
+    case Icon::Information: return QMessageBox::Information;
+    case Icon::Exclamation: return QMessageBox::Warning;
+    case Icon::Critical: return QMessageBox::Critical;
+    case Icon::Question: return QMessageBox::Question;
+    case Icon::None: break;
+    }
+    return buttons == Buttons::OK ? QMessageBox::Information : QMessageBox::Question;
+}
+
+Answer AnswerOf(int button)
+{
+    switch (button) {
+    case QMessageBox::Yes: return Answer::Yes;
+    case QMessageBox::No: return Answer::No;
+    case QMessageBox::Cancel: return Answer::Cancel;
+    default: return Answer::OK;
+    }
+}
+
+/// "text|patterns|text|patterns|" as the dialogs of the desktop take it: "text (patterns);;...".
+QString FiltersOf(const std::string& filter)
+{
+    const QStringList parts = QString::fromStdString(filter).split('|', Qt::SkipEmptyParts);
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString text = parts[i].left(parts[i].indexOf('(')).trimmed();
+        filters << text + " (" + QString(parts[i + 1]).replace(';', ' ') + ")";
+    }
+    return filters.join(";;");
+}
+
+} // namespace
+
+Answer QtPlatform::Show(const MessageBox& box)
+{
+    if (BeforeBox) BeforeBox();
+    QMessageBox shown(QApplication::activeWindow());
+    shown.setObjectName("messageBox");
+    shown.setWindowTitle(box.Title.empty() ? ProductName : QString::fromStdString(box.Title));
+    shown.setText(QString::fromStdString(box.Text));
+    shown.setTextFormat(Qt::PlainText);
+    shown.setIcon(IconOf(box.Icon, box.Buttons));
+    for (const ButtonSet& row : ButtonSets) {
+        if (row.Set != box.Buttons) continue;
+        shown.setStandardButtons(row.Shown);
+        shown.setDefaultButton(row.Default);
+        shown.setEscapeButton(row.Escape);
+    }
+    return AnswerOf(shown.exec());
+}
+
+std::optional<std::string> QtPlatform::AskForFile(const FileDialog& dialog)
+{
+    if (BeforeBox) BeforeBox();
+    const bool open = dialog.For == FileDialog::Purpose::Open;
+    QFileDialog shown(QApplication::activeWindow());
+    shown.setObjectName("fileDialog");
+    shown.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    shown.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    // The engine asks before a file is replaced.
+    shown.setOption(QFileDialog::DontConfirmOverwrite);
+    shown.setNameFilters(FiltersOf(dialog.Filter).split(";;"));
+    shown.setDirectory(dialog.Folder.empty()
+                           ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
+                           : QString::fromStdString(dialog.Folder));
+    if (!dialog.Name.empty()) shown.selectFile(QString::fromStdString(dialog.Name));
+    if (shown.exec() != QDialog::Accepted) return std::nullopt;
+    const QStringList chosen = shown.selectedFiles();
+    return chosen.isEmpty() ? std::string() : chosen.first().toStdString();
+}
+
+bool QtPlatform::Launch(const std::vector<std::string>& programs)
+{
+    for (const std::string& program : programs) {
+        const QString path = QStandardPaths::findExecutable(QString::fromStdString(program));
+        if (!path.isEmpty() && QProcess::startDetached(path, {})) return true;
+    }
+    return false;
+}
+
+std::optional<int> QtPlatform::AskForColor(int present)
+{
+    if (BeforeBox) BeforeBox();
+    const QColor chosen = QColorDialog::getColor(Theme::FromBgr(present), QApplication::activeWindow());
+    return chosen.isValid() ? std::optional(Theme::ToBgr(chosen)) : std::nullopt;
+}
+
+DateTime QtPlatform::Now()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    return {now.date().year(), now.date().month(),  now.date().day(),
+            now.time().hour(), now.time().minute(), now.time().second()};
+}
+
+std::string QtPlatform::LocalDataFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdString();
+}
+
+std::string QtPlatform::ProgramFolder()
+{
+    return QApplication::applicationDirPath().toStdString();
+}
+
+std::vector<std::string> QtPlatform::PrinterFonts()
+{
+    std::vector<std::string> names;
+    for (const QString& family : QFontDatabase::families()) names.push_back(family.toStdString());
+    return names;
+}

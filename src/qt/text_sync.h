@@ -1,0 +1,22 @@
+// text_sync.h: texts and carets between the records and the widgets that type.
+//
+// A record counts characters and ends its lines with CR LF; a widget counts UTF-16 units and ends lines
+// with LF.
+
+#pragma once
+
+#include "core/control.h"
+
+class QWidget;
+
+/// Copies text and selection of a text box or an editable combo into its record.
+void CopyIn(const QWidget& widget, Control& record);
+
+/// Puts the record's text into the widget where it differs.
+void PushText(QWidget& widget, const Control& record);
+
+/// Puts the record's selection into the widget where it differs.
+void PushSelection(QWidget& widget, const Control& record);
+
+/// Replaces the selection by a character, as if it had been typed.
+void TypeCharacter(QWidget& widget, char typed);

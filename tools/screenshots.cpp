@@ -1,0 +1,205 @@
+// Draws the windows of the desktop program in all their states into a folder, at one scale (QT_SCALE_FACTOR):
+// three sizes, a light and a dark palette. tools/screenshots runs it once a scale.
+// Usage: screenshots FOLDER EXAMPLES [NAME OF A STATE]
+
+#include "commands/keyboard.h"
+#include "commands/load.h"
+#include "commands/session.h"
+#include "core/main_window.h"
+#include "core/program_list.h"
+#include "qt/main_frame.h"
+#include "ui/choice.h"
+#include "ui/focus.h"
+#include "ui/panes.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <cstdio>
+
+namespace {
+
+QString Examples;
+
+void Open(const char* name)
+{
+    LoadFile((Examples + "/" + name).toStdString());
+    AfterEvent();
+}
+
+void Type(const char* keys)
+{
+    for (; *keys != 0; ++keys) {
+        PressKey(*keys == '\n' ? KeyStroke{KeyName::Enter} : KeyStroke{KeyName::Character, *keys});
+        AfterEvent();
+    }
+}
+
+void CheckViews()
+{
+    for (Control* box :
+         {&frmMain.chkViewToolPos, &frmMain.chkViewLineProperties, &frmMain.chkViewMachineTime})
+        SetCheck(*box, true);
+}
+
+void ShowTab(int index)
+{
+    ChooseMenu(frmMain.mnuSettingsShow);
+    PickListItem(frmMain.tabSettings, index);
+}
+
+struct State {
+    const char* Name;
+    void (*Make)();
+};
+const State States[] = {
+    {"new", [] {}},
+    {"typing", [] { Type("00\n2000\n100\n\n01\n2000\n-1500\n"); }},
+    {"program-mk4",
+     [] {
+         Open("mk4-first-turning.cnc");
+         CheckViews();
+         ClickRow(6);
+     }},
+    {"errors-mk4",
+     [] {
+         Open("mk4-mistakes.cnc");
+         ClickHeader(9);
+     }},
+    {"program-f1",
+     [] {
+         Open("f1-first-milling.cnc");
+         ClickRow(5);
+     }},
+    {"program-mk2", [] { Open("mk2-stepped-pin.cnc"); }},
+    {"notes",
+     [] {
+         Open("mk4-first-turning.cnc");
+         ClickControl(frmMain.chkViewFileNotes);
+     }},
+    {"run",
+     [] {
+         Open("mk4-first-turning.cnc");
+         ClickControl(frmMain.cmdRun);
+         for (int i = 0; i < 5; ++i) {
+             ClickControl(frmMain.cmdStep);
+             AfterEvent();
+         }
+     }},
+    {"settings-general", [] { ShowTab(0); }},
+    {"settings-units", [] { ShowTab(1); }},
+    {"settings-info",
+     [] {
+         Open("mk4-first-turning.cnc");
+         ShowTab(2);
+     }},
+    {"settings-machine", [] { ShowTab(3); }},
+    {"settings-printer", [] { ShowTab(4); }},
+    {"settings-com", [] { ShowTab(5); }},
+    {"axes-lathe", [] { ClickControl(frmMain.cmdTopButtons[5]); }},
+    {"axes-mill",
+     [] {
+         ShowTab(3);
+         ClickControl(frmMain.optSettingsF1CNC);
+     }},
+    {"help", [] { ChooseMenu(frmMain.mnuHelpText); }},
+    {"help-codes", [] { ChooseMenu(frmMain.mnuGhelp); }},
+    {"about", [] { ChooseMenu(frmMain.mnuAbout); }},
+    {"reception",
+     [] {
+         ControlsEnable(false);
+         for (Control* frame : {&frmMain.frCmdEditor1, &frmMain.frCmdEditor2, &frmMain.frCmdEditor3})
+             frame->Visible = false;
+         frmMain.frRXcode.Visible = frmMain.frCmdRX.Visible = true;
+         frmMain.txtRX.Text = "%\r\n    N` G`   X `   Z `  F`  H\r\n    00 21\r\n    01M30\r\n   M\r\n";
+     }},
+};
+
+const QSize Sizes[] = {{787, 581}, {1366, 768}, {2560, 1440}};
+
+QPalette Dark()
+{
+    QPalette palette;
+    const QColor window(0x2A, 0x2C, 0x30), base(0x1E, 0x20, 0x23), text(0xE6, 0xE6, 0xE6);
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::WindowText, text);
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::AlternateBase, window);
+    palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::PlaceholderText, QColor(0x90, 0x90, 0x90));
+    palette.setColor(QPalette::Button, QColor(0x3A, 0x3D, 0x42));
+    palette.setColor(QPalette::ButtonText, text);
+    palette.setColor(QPalette::ToolTipBase, window);
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::Highlight, QColor(0x2F, 0x7F, 0xC8));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Light, QColor(0x4A, 0x4D, 0x52));
+    palette.setColor(QPalette::Dark, QColor(0x15, 0x16, 0x18));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(0x7A, 0x7D, 0x82));
+    return palette;
+}
+
+bool Grab(QWidget& widget, const QString& file)
+{
+    if (widget.grab().save(file)) return true;
+    std::fprintf(stderr, "%s could not be written\n", qPrintable(file));
+    return false;
+}
+
+/// One state in one size; false when a picture could not be written.
+bool Draw(Desktop& desktop, MainFrame& window, const State& state, QSize size, const QString& name)
+{
+    desktop.Run([&] {
+        ResetState();
+        frmMain.Window.Width = size.width() * 15;
+        frmMain.Window.Height = size.height() * 15;
+        StartNew(MachineKind::MK4, true, false);
+        state.Make();
+    });
+    desktop.Run([] {});
+    QApplication::processEvents();
+    return Grab(window, name);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    if (argc < 3) return 2;
+    const QDir folder(argv[1]);
+    Examples = argv[2];
+    const QString only = argc > 3 ? argv[3] : "";
+    const QString scale =
+        QString::number(qRound(qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble() * 100));
+
+    Desktop desktop;
+    ResetState();
+    MainFrame window(desktop);
+    FindFrame find(desktop, &window);
+    desktop.Run([] { StartNew(MachineKind::MK4, true, false); });
+    window.Open();
+
+    const QPalette light = QApplication::palette();
+    bool whole = true;
+    for (const bool dark : {false, true}) {
+        // The palette changes while the windows are open.
+        QApplication::setPalette(dark ? Dark() : light);
+        const QString end = "-" + scale + (dark ? "-dark.png" : "-light.png");
+        for (const State& state : States) {
+            if (!only.isEmpty() && only != state.Name) continue;
+            for (const QSize size : Sizes) {
+                const QString name = QString("%1-%2x%3").arg(state.Name).arg(size.width()).arg(size.height());
+                whole = Draw(desktop, window, state, size, folder.filePath(name + end)) && whole;
+            }
+        }
+        for (QAction* menu : window.menuBar()->actions()) {
+            if (!menu->isVisible() || !only.isEmpty()) continue;
+            whole = Grab(*menu->menu(), folder.filePath(menu->objectName() + end)) && whole;
+        }
+    }
+    return whole ? 0 : 1;
+}
