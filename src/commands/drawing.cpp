@@ -1,10 +1,15 @@
 #include "commands/drawing.h"
 
+#include "commands/windows.h"
 #include "core/draw_window.h"
+#include "core/main_window.h"
 #include "core/shared_state.h"
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
+#include "drawing/measure.h"
 #include "drawing/walk.h"
+#include "editor/find.h"
+#include "ui/focus.h"
 #include "ui/panes.h"
 
 #include <memory>
@@ -18,7 +23,20 @@ struct Event {
     Control D::*Of;
     Slots On;
 };
+void frControls_Click()
+{
+    frControls_MouseDown(0, 0);
+}
+
+constexpr Slots MeasureSlots{nullptr,           nullptr,         Measure_GotFocus,
+                             Measure_LostFocus, Measure_KeyDown, Measure_KeyPress};
+
 constexpr Event Events[] = {
+    {&D::frControls, {frControls_Click}},
+    {&D::txtMeasureX1, MeasureSlots},
+    {&D::txtMeasureZ1, MeasureSlots},
+    {&D::txtMeasureX2, MeasureSlots},
+    {&D::txtMeasureZ2, MeasureSlots},
     {&D::cmdAutoFit, {cmdAutoFit_Click}},
     {&D::cmdZeroPoint, {cmdZeroPoint_Click}},
     {&D::cmdRedraw, {cmdRedraw_Click}},
@@ -52,6 +70,8 @@ bool BeginDrawing()
 void UnloadDrawing()
 {
     EndDrawing();
+    DropFocus(frmDraw.Window);
+    if (&ActiveWindow() == &frmDraw.Window) SetActiveWindow(frmMain.Window);
     std::destroy_at(&frmDraw);
     std::construct_at(&frmDraw);
     for (const Event& event : Events) (frmDraw.*event.Of).On = event.On;
@@ -60,6 +80,7 @@ void UnloadDrawing()
     Drawing.FrameWidth = before.FrameWidth;
     Drawing.FrameHeight = before.FrameHeight;
     Drawing.PausesTakeTime = before.PausesTakeTime;
+    Drawing.YieldAfter = before.YieldAfter;
 }
 
 void mnuDraw_Click()
@@ -71,6 +92,8 @@ void mnuDraw_Click()
         frmDraw_Load();
         frmDraw.Window.Visible = true;
     }
+    BringMainToFront(); // the find dialog gives the keys away
+    SetActiveWindow(frmDraw.Window);
     frmDraw_Activate();
 }
 
@@ -82,4 +105,5 @@ void RefreshDrawing()
 void cmdEditor_Click()
 {
     frmProgramWindow.Window.Visible = false;
+    BringToFront(frmMain.Window);
 }

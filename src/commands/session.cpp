@@ -7,6 +7,7 @@
 #include "commands/save.h"
 #include "commands/window.h"
 #include "core/app_data.h"
+#include "core/draw_window.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/messages.h"
@@ -134,6 +135,7 @@ void ResetState()
 {
     MakeAnew(frmMain);
     MakeAnew(frmFind);
+    MakeAnew(frmProgramWindow);
     const unsigned version = lvCncProgram.Version;
     lvCncProgram = {};
     lvCncProgram.Version = version + 1;

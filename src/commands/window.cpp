@@ -9,6 +9,7 @@
 #include "core/messages.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
+#include "drawing/draw_controls.h"
 #include "editor/feeds.h"
 #include "editor/run.h"
 #include "interpreter/interpreter.h"
@@ -149,6 +150,7 @@ void mnuExit_Click()
     }
     // A walk that waits is abandoned with the program.
     ResetInterpreter();
+    frmDraw_Close();
     Shared.RunMode = Shared.RunLocked = false;
     Shared.Ended = true;
 }

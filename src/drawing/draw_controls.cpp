@@ -4,11 +4,13 @@
 #include "core/messages.h"
 #include "core/shared_state.h"
 #include "drawing/drawing_state.h"
+#include "drawing/measure.h"
 #include "drawing/view.h"
 #include "drawing/walk.h"
 #include "ui/choice.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -95,6 +97,36 @@ void ArrangeControls()
     ShowBoxesOfMachine();
 }
 
+void ShowControlsAt(double x, double y)
+{
+    Control& frame = frmDraw.frControls;
+    frame.Visible = true;
+    frame.Left = static_cast<int>(std::lround(x)) - 3650;
+    frame.Top = static_cast<int>(std::lround(y)) - 320;
+    ArrangeControls();
+}
+
+bool frControls_MouseDown(float x, float y)
+{
+    if (Drawing.DrawingNow) return false;
+    EndMeasure();
+    Drawing.DragOffsetX = x;
+    Drawing.DragOffsetY = y;
+    Drawing.Crosshair = false;
+    return true;
+}
+
+void frControls_DragOver()
+{
+    ArrangeControls();
+}
+
+void frmDraw_DragDrop(float x, float y)
+{
+    frmDraw.frControls.Left = static_cast<int>(std::lround(x - Drawing.DragOffsetX));
+    frmDraw.frControls.Top = static_cast<int>(std::lround(y - Drawing.DragOffsetY));
+}
+
 void ShowDrawBoxes()
 {
     const DrawBoxValues values = Shared.DrawBoxes;
@@ -107,9 +139,13 @@ void frmDraw_Load()
     constexpr int SmallWidth = 12000, SmallHeight = 9000;
     const Screen& screen = Shared.Screen;
     Control& window = frmDraw.Window;
-    window.Left = (screen.Width - window.Width) / 2;
-    window.Top = (screen.Height - window.Height) / 2;
     Drawing.Maximized = screen.Width <= SmallWidth && screen.Height <= SmallHeight;
+    if (Drawing.Maximized) {
+        window.Width = screen.Width;
+        window.Height = screen.WorkHeight;
+    }
+    window.Left = (screen.Width - window.Width) / 2;
+    window.Top = Drawing.Maximized ? 0 : (screen.Height - window.Height) / 2;
     Drawing.ZeroPointX = screen.Width / 2.0;
     Drawing.ZeroPointY = screen.Height / 2.0;
     Drawing.Canvas->Reset();
@@ -142,7 +178,7 @@ void frmDraw_Resize()
 void frmDraw_Close()
 {
     EndDrawing();
-    frmDraw.Window.Visible = frmProgramWindow.Window.Visible = false;
+    frmDraw.Window.Visible = frmProgramWindow.Window.Visible = Drawing.ProgramWindowLoaded = false;
 }
 
 void chkShowRadii_Click()

@@ -7,6 +7,16 @@
 /// Keeps frControls inside the window and lays its check boxes out by machine.
 void ArrangeControls();
 
+/// Shows the frame with its upper right corner about here, where its close button then is.
+void ShowControlsAt(double x, double y);
+
+/// The mouse is pressed on the frame: a measurement is given up and the frame begins to be dragged. False, and
+/// nothing, while a walk runs.
+bool frControls_MouseDown(float x, float y);
+void frControls_DragOver();
+/// The frame is dropped with the pointer here.
+void frmDraw_DragDrop(float x, float y);
+
 /// Gives all check boxes the values of Shared.DrawBoxes; on the mill at least one tool view is on.
 void ShowDrawBoxes();
 

@@ -40,6 +40,12 @@ struct DrawingState {
     bool DrawingNow = false;
     /// The N number of the line that the walk is at.
     int Line = -1;
+    /// The version of the program's rows when the walk began.
+    unsigned RowsAtStart = 0;
+    /// After so many milliseconds without a wait the walk lets events through; 0 where none could come.
+    int YieldAfter = 0;
+    /// The walk has let events through and wants to go on as soon as they are handled.
+    bool Yielding = false;
     /// Corners of the last pocket: where it starts, and the opposite one.
     float PocketX1 = 0, PocketX2 = 0, PocketY1 = 0, PocketY2 = 0;
 
@@ -50,6 +56,8 @@ struct DrawingState {
     /// False where nobody watches: pauses then take no time, while steps are still waited for.
     bool PausesTakeTime = true;
 
+    /// The Program Lines window exists, shown or hidden.
+    bool ProgramWindowLoaded = false;
     /// cboRun or cboScale is being filled or set by a routine; their handlers then draw nothing.
     bool ListsBusy = false;
     /// The next click in the canvas sets the zero point.
@@ -62,6 +70,8 @@ struct DrawingState {
 
     /// The first, the second point of a measurement is set.
     bool MeasureStarted = false, MeasureDone = false;
+    /// The picture's generation that has the marks of the points.
+    int MarksOn = -1;
     /// Program coordinates of the last point set: across and down, unrounded.
     float MeasureX = 0, MeasureY = 0;
     /// x and y of the first point, x and y of the second, in twips.

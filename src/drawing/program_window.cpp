@@ -5,6 +5,7 @@
 #include "core/program_list.h"
 #include "core/shared_state.h"
 #include "core/text.h"
+#include "drawing/drawing_state.h"
 
 #include <algorithm>
 #include <array>
@@ -94,10 +95,8 @@ void frmProgramWindow_Resize()
 
 void FillProgramWindow()
 {
-    if (!frmProgramWindow.Window.Visible) {
-        frmProgramWindow_Load();
-        frmProgramWindow.Window.Visible = true;
-    }
+    if (!Drawing.ProgramWindowLoaded) frmProgramWindow_Load();
+    Drawing.ProgramWindowLoaded = frmProgramWindow.Window.Visible = true;
     SetProgramColumns();
     Control& list = frmProgramWindow.lstCncLines;
     list.Items.clear();

@@ -11,11 +11,15 @@
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
 #include "drawing/figures.h"
+#include "drawing/measure.h"
 #include "drawing/pocket.h"
 #include "drawing/program_window.h"
 #include "drawing/view.h"
 #include "drawing/walk_line.h"
 #include "platform/platform.h"
+#include "ui/focus.h"
+
+#include <chrono>
 
 RecordingCanvas Picture;
 DrawingState Drawing;
@@ -47,6 +51,7 @@ void Prepare(WalkState& walk)
     const bool first = walk.Pass == 1;
     if (first) canvas.ClearCanvas();
     Drawing.DrawingNow = true;
+    Drawing.RowsAtStart = lvCncProgram.Version;
     Drawing.ToolWidth = 1;
     if (first) ArrangeControls();
     frmDraw.frControls.Text = FileNameOf(frmMain.lblPath.Text);
@@ -85,6 +90,7 @@ void EndWalk()
     frmDraw.cmdAbort.Visible = frmDraw.cmdStep.Visible = false;
     frmDraw.cmdEditor.Visible = true;
     Drawing.AbortDraw = Drawing.DrawingNow = Drawing.WaitForUser = false;
+    if (Drawing.MeasureStarted) SetDrawControls(false); // a measurement goes on behind the walk
     EndLoggedPass();
 }
 
@@ -107,6 +113,25 @@ bool GoesOn(const WalkState& walk, int rows, int walked)
            Drawing.Canvas->FigureCount() < MostFigures;
 }
 
+/// Whether the walk has held the program long enough to let events through.
+class Patience
+{
+public:
+    bool IsOver()
+    {
+        constexpr int LinesBetweenLooks = 64;
+        if (Drawing.YieldAfter == 0 || ++Lines % LinesBetweenLooks != 0) return false;
+        const auto now = std::chrono::steady_clock::now();
+        if (now - Since < std::chrono::milliseconds(Drawing.YieldAfter)) return false;
+        Since = now;
+        return true;
+    }
+
+private:
+    int Lines = 0;
+    std::chrono::steady_clock::time_point Since = std::chrono::steady_clock::now();
+};
+
 /// One walk: pass 1 on a cleared canvas, pass 2 over the picture of the first. The tool's centre line is
 /// drawn with a pen of width 1, else cuts are as wide as the tool.
 Task DrawProgram(bool centerLine, int pass)
@@ -119,6 +144,7 @@ Task DrawProgram(bool centerLine, int pass)
     BeginLoggedPass();
 
     const int rows = lvCncProgram.RowCount();
+    Patience patience;
     for (int walked = 0; GoesOn(walk, rows, walked); ++walked, ++walk.LineIndex) {
         Drawing.Line = walk.LineIndex - 1;
         ShowInProgramWindow(walk.LineIndex);
@@ -148,10 +174,16 @@ Task DrawProgram(bool centerLine, int pass)
 
         if (Drawing.Stepping) {
             frmDraw.cmdStep.Visible = frmDraw.cmdStep.Enabled = true;
+            if (frmDraw.frControls.Visible) SetFocus(frmDraw.cmdStep);
             co_await DrawSlot.Until([] { return Drawing.StepReleased; });
             Drawing.StepReleased = false;
         }
         if (Drawing.AbortDraw) break;
+        if (!DrawSlot.WithoutWaits && patience.IsOver()) {
+            Drawing.Yielding = true;
+            co_await DrawSlot.Until([] { return !Drawing.Yielding; });
+            if (Drawing.AbortDraw) break;
+        }
     }
     EndWalk();
 }
@@ -179,13 +211,22 @@ void Redraw()
 
 void ResumeDrawing()
 {
+    // Rows that have changed or gone can't be walked on.
+    if (DrawSlot.IsWaiting() && lvCncProgram.Version != Drawing.RowsAtStart) EndDrawing();
     DrawSlot.Resume();
+}
+
+void ContinueDrawing()
+{
+    Drawing.Yielding = false;
+    ResumeDrawing();
 }
 
 void EndDrawing()
 {
     if (!DrawSlot.IsWaiting()) return;
     DrawSlot.End();
+    Drawing.Yielding = false;
     EndWalk();
 }
 
@@ -202,6 +243,8 @@ void frmDraw_cmdStep_Click()
 
 void cmdAbort_Click()
 {
+    if (!Drawing.DrawingNow) return;
+    Drawing.Yielding = false;
     Drawing.StepReleased = Drawing.AbortDraw = Drawing.AbortAll = true;
 }
 

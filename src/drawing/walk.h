@@ -18,6 +18,10 @@ void Redraw();
 /// Goes on with a walk that waits, when what it waits for has come.
 void ResumeDrawing();
 
+/// Goes on with a long walk that has let events through (Drawing.Yielding); a front end calls it when it has
+/// no more of them.
+void ContinueDrawing();
+
 /// Ends a walk that waits, as Abort does.
 void EndDrawing();
 
