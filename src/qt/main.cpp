@@ -13,7 +13,6 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName("brixley");
-    QApplication::setApplicationDisplayName(ProductName);
     QApplication::setApplicationVersion(ProductVersion);
 
     Desktop desktop;
