@@ -1,14 +1,13 @@
 #include "cli/key_script.h"
 
 #include "cli/open_program.h"
+#include "cli/script_words.h"
+#include "cli/window_items.h"
 #include "commands/keyboard.h"
 #include "commands/session.h"
-#include "commands/window.h"
 #include "core/main_window.h"
-#include "core/numbers.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
-#include "core/text.h"
 #include "editor/activation.h"
 #include "editor/find.h"
 #include "platform/failing_disk.h"
@@ -16,14 +15,8 @@
 #include "ui/focus.h"
 #include "ui/panes.h"
 #include "ui/text_box.h"
-#include "ui/tick.h"
-
-#include <algorithm>
 
 namespace {
-
-using Fault = std::optional<std::string>;
-constexpr std::nullopt_t Fine = std::nullopt;
 
 struct NamedKey {
     std::string_view Name;
@@ -39,59 +32,6 @@ constexpr NamedKey NamedKeys[] = {
     {"DELETE", KeyName::Delete}, {"BACKSPACE", KeyName::Backspace},
     {"F1", KeyName::F1},         {"F2", KeyName::F2},
 };
-
-/// The words of an item: its name and what follows.
-struct Item {
-    std::string Name;
-    std::string_view Rest;
-};
-
-std::string NextWord(std::string_view& rest)
-{
-    rest = rest.substr(std::min(rest.find_first_not_of(' '), rest.size()));
-    const std::string word(rest.substr(0, rest.find(' ')));
-    rest.remove_prefix(std::min(word.size() + 1, rest.size()));
-    return word;
-}
-
-/// A whole number, or nothing when the word is none.
-std::optional<int> NumberOf(const std::string& word)
-{
-    if (word.empty() || word.size() > 8) return std::nullopt;
-    const size_t digits = word.find_first_not_of("0123456789", word[0] == '-' ? 1 : 0);
-    if (digits != std::string::npos || word == "-") return std::nullopt;
-    return static_cast<int>(Val(word));
-}
-
-/// The control of a name, "cmdTopButtons(4)" for an element. A name means the find dialog's control while
-/// that is in front, else the main window's.
-Control* FindControl(std::string name)
-{
-    std::string window;
-    if (const size_t dot = name.find('.'); dot != std::string::npos) {
-        window = name.substr(0, dot);
-        name.erase(0, dot + 1);
-    }
-    if (window == "frmFind" || (window.empty() && IsFindInFront())) {
-        if (name == frmFind.txtFind.Name) return &frmFind.txtFind;
-    }
-    if (!window.empty() && window != "frmMain") return nullptr;
-    int element = -1;
-    if (const size_t bracket = name.find('('); bracket != std::string::npos && name.back() == ')') {
-        element = NumberOf(name.substr(bracket + 1, name.size() - bracket - 2)).value_or(-2);
-        name.erase(bracket);
-    }
-    Control* found = nullptr;
-    frmMain.ForEach([&](Control& control) {
-        if (name == control.Name && element == control.Element) found = &control;
-    });
-    return found;
-}
-
-Fault NoSuch(const std::string& what)
-{
-    return "there is no \"" + what + "\"";
-}
 
 /// Runs an action on the control that the next word names, which must be of a kind that `fits`.
 template <class Action> Fault WithControl(std::string_view rest, bool (*fits)(const Control&), Action action)
@@ -128,14 +68,6 @@ bool IsUnits(const Control& control)
     return control.In == &frmMain.frSettingsLathe || control.In == &frmMain.frSettingsMill;
 }
 
-template <class Action> Fault WithNumber(std::string_view rest, Action action)
-{
-    const auto number = NumberOf(NextWord(rest));
-    if (!number) return "a number is missing";
-    action(*number);
-    return Fine;
-}
-
 Fault Click(std::string_view rest)
 {
     return WithControl(rest, IsAny, [](Control& control, std::string_view) -> Fault {
@@ -163,6 +95,11 @@ Fault Menu(std::string_view rest)
 Fault Row(std::string_view rest)
 {
     return WithNumber(rest, ClickRow);
+}
+
+Fault RightRow(std::string_view rest)
+{
+    return WithNumber(rest, RightClickRow);
 }
 
 Fault Select(std::string_view rest)
@@ -261,104 +198,6 @@ Fault AnswerColor(std::string_view rest)
     return WithNumber(rest, [](int color) { Console.Colors.push_back(color); });
 }
 
-Fault Tick(std::string_view)
-{
-    tmr1sec_Timer();
-    return Fine;
-}
-
-/// Runs an action on the window that the next word names; only the main window has a frame yet.
-template <class Action> Fault WithWindow(std::string_view rest, Action action)
-{
-    const std::string name = NextWord(rest);
-    if (name != "frmMain" && name != "frmFind") return NoSuch(name);
-    if (name == "frmMain") action(rest);
-    return Fine;
-}
-
-Fault Activate(std::string_view rest)
-{
-    std::string_view words = rest;
-    if (NextWord(words) == "frmFind") BringFindToFront();
-    return WithWindow(rest, [](std::string_view) { BringMainToFront(); });
-}
-
-void GiveSize(int left, int top, int width, int height)
-{
-    Control& window = frmMain.Window;
-    window.Left = left;
-    window.Top = top;
-    window.Width = width;
-    window.Height = height;
-    Form_Resize();
-}
-
-Fault Resize(std::string_view rest)
-{
-    Fault fault = Fine;
-    const Fault window = WithWindow(rest, [&](std::string_view size) {
-        const auto width = NumberOf(NextWord(size)), height = NumberOf(NextWord(size));
-        if (!width || !height) {
-            fault = "a size is missing";
-            return;
-        }
-        Shared.Maximized = Shared.Minimized = false;
-        GiveSize(frmMain.Window.Left, frmMain.Window.Top, *width, *height);
-    });
-    return window ? window : fault;
-}
-
-/// The place that a window goes back to.
-struct Rectangle {
-    int Left, Top, Width, Height;
-};
-Rectangle Normal{};
-
-Fault Maximize(std::string_view rest)
-{
-    return WithWindow(rest, [](std::string_view) {
-        if (Shared.Maximized) return;
-        const Control& window = frmMain.Window;
-        if (!Shared.Minimized) Normal = {window.Left, window.Top, window.Width, window.Height};
-        Shared.Minimized = false;
-        Shared.Maximized = true;
-        GiveSize(0, 0, Shared.Screen.Width, Shared.Screen.WorkHeight);
-    });
-}
-
-Fault Minimize(std::string_view rest)
-{
-    return WithWindow(rest, [](std::string_view) {
-        const Control& window = frmMain.Window;
-        if (!Shared.Maximized && !Shared.Minimized)
-            Normal = {window.Left, window.Top, window.Width, window.Height};
-        Shared.Minimized = true;
-    });
-}
-
-Fault Restore(std::string_view rest)
-{
-    return WithWindow(rest, [](std::string_view) {
-        if (Shared.Minimized && Shared.Maximized) {
-            Shared.Minimized = false; // back to where it was
-            return;
-        }
-        if (!Shared.Maximized && !Shared.Minimized) return;
-        Shared.Maximized = Shared.Minimized = false;
-        GiveSize(Normal.Left, Normal.Top, Normal.Width, Normal.Height);
-    });
-}
-
-Fault Close(std::string_view rest)
-{
-    std::string_view words = rest;
-    if (NextWord(words) == "frmFind") {
-        HideFind();
-        return Fine;
-    }
-    return WithWindow(rest, [](std::string_view) { mnuExit_Click(); });
-}
-
 Fault Disk(std::string_view rest)
 {
     const std::string state = NextWord(rest);
@@ -376,7 +215,7 @@ constexpr ItemRoutine Items[] = {
     {"CHECK", Check},
     {"MENU", Menu},
     {"ROW", Row},
-    {"RIGHTROW", Row},
+    {"RIGHTROW", RightRow},
     {"SELECT", Select},
     {"HEADER", Header},
     {"PICK", Pick},
@@ -387,13 +226,6 @@ constexpr ItemRoutine Items[] = {
     {"ANSWER", AnswerBox},
     {"FILE", AnswerFile},
     {"COLOR", AnswerColor},
-    {"TICK", Tick},
-    {"ACTIVATE", Activate},
-    {"RESIZE", Resize},
-    {"MAXIMIZE", Maximize},
-    {"MINIMIZE", Minimize},
-    {"RESTORE", Restore},
-    {"CLOSE", Close},
     {"DISK", Disk},
 };
 
@@ -437,6 +269,7 @@ Fault RunItem(std::string_view item)
     for (const ItemRoutine& routine : Items) {
         if (routine.Name == name) return routine.Run(rest);
     }
+    if (Fault fault; RunWindowItem(name, rest, fault)) return fault;
     return "an item of that name is not known";
 }
 

@@ -1,6 +1,7 @@
 // main.cpp: the console program: options in, one outcome out.
 
 #include "cli/commands.h"
+#include "cli/draw_command.h"
 #include "core/app_data.h"
 #include "platform/files.h"
 
@@ -23,6 +24,10 @@ struct Arguments {
     std::vector<std::string> Files, Columns;
     std::string File, Target, Units, Script, Keys;
     bool Json = false;
+    DrawOptions Draw;
+    std::string Canvas, Zero;
+    double Scale = 0;
+    bool Ops = false;
 };
 
 void AddLoadOptions(CLI::App& command, LoadOptions& options)
@@ -83,6 +88,59 @@ void AddConvertOptions(CLI::App& command, Arguments& arguments)
         ->check(CLI::IsMember({"mm", "inch"}));
 }
 
+/// A box of the drawing's View frame.
+struct ViewOption {
+    const char* Name;
+    int DrawBoxValues::*Box;
+    const char* Does;
+};
+constexpr ViewOption ViewOptions[] = {
+    {"--radii", &DrawBoxValues::Radii, "draw the radii of arcs"},
+    {"--tool-width", &DrawBoxValues::ToolWidth, "draw cuts at the tool's width (F1)"},
+    {"--tool-center", &DrawBoxValues::ToolCenter, "draw the tool's centre line (F1; the default there)"},
+    {"--fill", &DrawBoxValues::FillCycles, "fill the boxes of cycles (lathes)"},
+    {"--grid", &DrawBoxValues::Grid, "draw a grid"},
+    {"--white", &DrawBoxValues::Background, "draw on white"},
+};
+
+void AddPictureOptions(CLI::App& command, Arguments& arguments)
+{
+    command.add_option("--canvas", arguments.Canvas, "size of the drawing in twips, 15 to a pixel of a PNG")
+        ->type_name("WxH")
+        ->default_str("12000x9000");
+    command.add_option("--scale", arguments.Scale, "twips for 1/100 mm or 1/1000 inch (default: fitted)")
+        ->check(CLI::Range(0.001, 1000.0));
+    command.add_option("--zero", arguments.Zero, "zero point in twips (default: fitted)")->type_name("X,Y");
+    for (const ViewOption& option : ViewOptions) {
+        int& box = arguments.Draw.Boxes.*option.Box;
+        command.add_flag_callback(
+            option.Name, [&box] { box = 1; }, option.Does);
+    }
+    command.add_flag("--force", arguments.Draw.Force, "draw a program with messages too");
+}
+
+/// The options of a picture as they were given; a text that is none of its kind fails.
+Outcome DrawWith(const Arguments& arguments)
+{
+    DrawOptions options = arguments.Draw;
+    if (!arguments.Canvas.empty() && !ReadCanvasSize(arguments.Canvas, options))
+        return Failed("--canvas: not a size in twips: " + arguments.Canvas);
+    if (!arguments.Zero.empty() && !ReadZeroPoint(arguments.Zero, options))
+        return Failed("--zero: not a point in twips: " + arguments.Zero);
+    if (arguments.Scale > 0) options.Scale = arguments.Scale;
+    if (!arguments.Ops && arguments.Target.empty()) return Failed("-o OUT or --ops is required");
+    return DrawFile(arguments.Load, options, arguments.File, arguments.Ops ? "" : arguments.Target);
+}
+
+void AddDrawOptions(CLI::App& command, Arguments& arguments)
+{
+    AddFile(command, arguments);
+    CLI::Option* const target =
+        command.add_option("-o", arguments.Target, "picture to write: .svg, .png or .pdf")->type_name("OUT");
+    command.add_flag("--ops", arguments.Ops, "print the operations of the canvas instead")->excludes(target);
+    AddPictureOptions(command, arguments);
+}
+
 void AddKeysOptions(CLI::App& command, Arguments& arguments)
 {
     command.add_option("FILE", arguments.File, "program file to load first");
@@ -124,10 +182,8 @@ std::string OneLine(std::string text)
 /// Prints the outcome and returns the exit status.
 int Finish(const Outcome& outcome)
 {
-    if (outcome.Status == StatusFailed) {
-        std::fprintf(stderr, "brixley-cli: %s\n", OneLine(outcome.Why).c_str());
-        return StatusFailed;
-    }
+    if (!outcome.Why.empty()) std::fprintf(stderr, "brixley-cli: %s\n", OneLine(outcome.Why).c_str());
+    if (outcome.Status == StatusFailed) return StatusFailed;
     const bool written =
         std::fwrite(outcome.Output.data(), 1, outcome.Output.size(), stdout) == outcome.Output.size();
     if (!written || std::fflush(stdout) != 0) {
@@ -149,6 +205,7 @@ constexpr Command Commands[] = {
      [](const Arguments& a) { return CheckFiles(a.Load, a.Files); }},
     {"show", "print the program as a table with all calculated columns", AddShowOptions,
      [](const Arguments& a) { return ShowFile(a.Load, a.File, a.Json, WantsColor()); }},
+    {"draw", "draw the tool path into a picture", AddDrawOptions, DrawWith},
     {"listing", "print the text of the printed listing", AddListingOptions,
      [](const Arguments& a) {
          LoadOptions options = a.Load;

@@ -4,6 +4,7 @@
 #include "commands/session.h"
 #include "core/main_window.h"
 #include "core/profile.h"
+#include "drawing/drawing_state.h"
 #include "platform/files.h"
 #include "ui/choice.h"
 
@@ -41,6 +42,8 @@ void BeginProgram(const LoadOptions& options, const std::string& dataFolder)
     Console.DataFolder = dataFolder;
     ThePlatform = &Console;
     ResetState();
+    Drawing.PausesTakeTime = false;
+    Drawing.YieldAfter = 0;
     MachineKind machine = MachineKind::MK4;
     MachineOfName(options.Machine, machine);
     StartNew(machine, options.Units == "mm", options.Orientation == "horizontal");

@@ -1,12 +1,15 @@
 #include "cli/state_json.h"
 
 #include "cli/open_program.h"
+#include "cli/ops_json.h"
 #include "core/control_names.h"
+#include "core/draw_window.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/profile.h"
 #include "core/program_list.h"
-
+#include "drawing/drawing_state.h"
+#include "drawing/walk.h"
 #include "editor/find.h"
 #include "ui/focus.h"
 #include "ui/text_box.h"
@@ -82,15 +85,6 @@ Json State()
     };
 }
 
-/// "#rrggbb" of a colour in blue-green-red order.
-std::string ColorText(int color)
-{
-    char text[8];
-    const unsigned c = static_cast<unsigned>(color);
-    std::snprintf(text, sizeof text, "#%02x%02x%02x", c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
-    return text;
-}
-
 Json ControlState(const Control& control)
 {
     Control copy = control;
@@ -126,12 +120,21 @@ Json ControlState(const Control& control)
     return json;
 }
 
+Json WindowState(const Control& window, bool minimized, bool maximized)
+{
+    Json state = ControlState(window);
+    state["state"] = minimized ? "minimized" : maximized ? "maximized" : "normal";
+    return state;
+}
+
 Json Controls()
 {
     Json controls;
-    Json window = ControlState(frmMain.Window);
-    window["state"] = Shared.Minimized ? "minimized" : Shared.Maximized ? "maximized" : "normal";
-    controls["frmMain"] = window;
+    controls["frmMain"] = WindowState(frmMain.Window, Shared.Minimized, Shared.Maximized);
+    if (frmDraw.Window.Visible)
+        controls["frmDraw"] = WindowState(frmDraw.Window, Drawing.Minimized, Drawing.Maximized);
+    if (Drawing.ProgramWindowLoaded)
+        controls["frmProgramWindow"] = WindowState(frmProgramWindow.Window, false, false);
     frmMain.ForEach([&](Control& control) { controls[FullName(control)] = ControlState(control); });
     controls["txtFind"] = ControlState(frmFind.txtFind);
     return controls;
@@ -200,6 +203,44 @@ Json Globals()
             {"DrawScale", Shared.DrawScale}};
 }
 
+const char* PointerName(bool crosshair)
+{
+    return crosshair ? "crosshair" : "default";
+}
+
+Json DrawState()
+{
+    if (!frmDraw.Window.Visible) return nullptr;
+    Json controls, ops = Json::array();
+    frmDraw.ForEach([&](Control& control) { controls[control.Name] = ControlState(control); });
+    for (const Operation& operation : Picture.Operations()) ops.push_back(OperationAsJson(operation));
+    return {{"title", frmDraw.Window.Text},
+            {"scale", Shared.DrawScale},
+            {"zero", {Drawing.ZeroPointX, Drawing.ZeroPointY}},
+            {"drawing", Drawing.DrawingNow},
+            {"stepping", Drawing.Stepping},
+            {"line", WaitingLine()},
+            {"MeasureStarted", Drawing.MeasureStarted},
+            {"MeasureDone", Drawing.MeasureDone},
+            {"PickingZeroPoint", Drawing.PickingZeroPoint},
+            {"GridDivision", Drawing.GridDivision},
+            {"pointer", PointerName(Drawing.Crosshair)},
+            {"controls", controls},
+            {"ops", ops}};
+}
+
+Json ProgramWindowState()
+{
+    if (!Drawing.ProgramWindowLoaded) return nullptr;
+    Json controls;
+    frmProgramWindow.ForEach([&](Control& control) { controls[control.Name] = ControlState(control); });
+    const Control& list = frmProgramWindow.lstCncLines;
+    return {{"visible", frmProgramWindow.Window.Visible},
+            {"lines", list.Items},
+            {"index", list.Index},
+            {"controls", controls}};
+}
+
 std::string Printed(const Json& state)
 {
     return state.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
@@ -218,7 +259,7 @@ std::string WindowStateAsJson()
     const bool finding = IsFindInFront();
     const Control* const focused = finding ? &frmFind.txtFind : Focused();
     state["focus"] = focused != nullptr ? FullName(*focused) : "";
-    state["activeWindow"] = finding ? "frmFind" : "frmMain";
+    state["activeWindow"] = finding ? "frmFind" : ActiveWindow().Name;
     state["title"] = frmMain.Window.Text;
     state["ended"] = Shared.Ended;
     state["topRow"] = lvCncProgram.TopRow;
@@ -229,7 +270,7 @@ std::string WindowStateAsJson()
     state["globals"] = Globals();
     state["launched"] = Console.Launched;
     state["pointer"] = "default";
-    state["draw"] = nullptr;
-    state["programWindow"] = nullptr;
+    state["draw"] = DrawState();
+    state["programWindow"] = ProgramWindowState();
     return Printed(state);
 }

@@ -1,8 +1,12 @@
 #include "commands/keyboard.h"
 
+#include "commands/windows.h"
+#include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
+#include "drawing/drawing_state.h"
+#include "drawing/walk.h"
 #include "editor/activation.h"
 #include "editor/find.h"
 #include "ui/choice.h"
@@ -62,7 +66,7 @@ bool TakeFocusByClick(Control& control)
 {
     if (!TakesFocus(control)) return true;
     SetFocus(control);
-    return HasFocus(control);
+    return HasFocus(control) && IsUsable(control); // the field that was left may have disabled it
 }
 
 void RunClick(Control& control)
@@ -226,6 +230,25 @@ bool WalkPane(int step)
     return true;
 }
 
+/// The keys of the drawing and of its list of lines. [ESC] aborts a walk, [ENTER] releases a held one before
+/// it presses what has the focus.
+std::optional<KeyStroke> OfferToDrawing(const KeyStroke& key)
+{
+    if (key.Name == KeyName::Escape) {
+        cmdAbort_Click();
+    } else if (key.Name == KeyName::Tab) {
+        key.Shift ? FocusPreviousStop() : FocusNextStop();
+    } else if (key.Alt) {
+        if (key.Typed == 'S') ClickControl(frmDraw.cmdStep);
+    } else {
+        if (key.Name == KeyName::Enter) Drawing.WaitForUser = false;
+        Control* const control = Focused();
+        if (control == nullptr) return std::nullopt;
+        return control->Is == Kind::TextBox ? OfferTo(*control, key) : UseControl(*control, key);
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 Control* TypingBox()
@@ -243,6 +266,7 @@ std::optional<KeyStroke> OfferKey(const KeyStroke& key)
         HideFind();
         return std::nullopt;
     }
+    if (&ActiveWindow() != &frmMain.Window) return OfferToDrawing(key);
     if (RunShortcut(key)) return std::nullopt;
     if (key.Name == KeyName::Escape) {
         Escape();
@@ -289,7 +313,7 @@ char ShortcutOf(const Control& entry)
 
 void ClickControl(Control& control)
 {
-    BringMainToFront();
+    BringToFront(WindowOf(control));
     if (!IsUsable(control) || !TakeFocusByClick(control)) return;
     if (control.Is == Kind::CheckBox) {
         SetCheck(control, control.Value == 0);
@@ -302,6 +326,7 @@ void ClickControl(Control& control)
 
 void ChooseMenu(Control& entry)
 {
+    BringToFront(frmMain.Window);
     tmr1sec_Timer();
     for (const Control* at = &entry; at != nullptr; at = at->In) {
         if (!at->Enabled) return;
@@ -312,7 +337,7 @@ void ChooseMenu(Control& entry)
 void PickListItem(Control& list, int index)
 {
     if (index < 0 || index >= static_cast<int>(list.Items.size())) return;
-    BringMainToFront();
+    BringToFront(WindowOf(list));
     if (!IsUsable(list) || !TakeFocusByClick(list)) return;
     list.Index = index;
     if (list.Is == Kind::Combo) list.Text = list.Items[static_cast<size_t>(index)];
@@ -322,7 +347,7 @@ void PickListItem(Control& list, int index)
 void ClickRow(int row)
 {
     if (row < 1 || row > lvCncProgram.RowCount()) return;
-    BringMainToFront();
+    BringToFront(frmMain.Window);
     SetFocus(frmMain.lvCncProgram);
     SelectRow(row);
     lvCncProgram_Click();
@@ -330,7 +355,13 @@ void ClickRow(int row)
 
 void ClickHeader(int header)
 {
-    BringMainToFront();
+    BringToFront(frmMain.Window);
     SetFocus(frmMain.lvCncProgram);
     lvCncProgram_ColumnClick(header);
+}
+
+void RightClickRow(int row)
+{
+    ClickRow(row);
+    tmr1sec_Timer();
 }

@@ -36,9 +36,11 @@ void ChooseMenu(Control& entry);
 /// Picks an item of a list, combo or tabs, from 0.
 void PickListItem(Control& list, int index);
 
-/// Selects a row of the list and activates it, as a click does; with the right button the pop-up menu's
-/// entries then act on it.
+/// Selects a row of the list and activates it, as a click does.
 void ClickRow(int row);
+
+/// The same with the right button. The pop-up menu opens, so the tick runs; its entries act on the row.
+void RightClickRow(int row);
 
 /// Clicks the header of a column of the list, from 1.
 void ClickHeader(int header);

@@ -18,6 +18,7 @@
 #include "ui/focus.h"
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
+#include "ui/redraw.h"
 
 #include <utility>
 
@@ -59,7 +60,7 @@ void TakeOver(ProgramFile file, const std::string& path)
     ClearInputTexts();
     Interpreter();
     Shared.Changed = false;
-    Shared.RedrawPending = true;
+    FollowLoad();
     ApplyMachine();
     MakeToolpositionColums();
     ShowLineCount();

@@ -11,6 +11,7 @@
 #include "ui/focus.h"
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
+#include "ui/redraw.h"
 
 namespace {
 
@@ -68,7 +69,7 @@ void ClearProgram_Click()
     MakeLinePropertiesColumns();
     ApplyMachine();
     Interpreter();
-    Shared.RedrawPending = true;
+    FollowEdit();
     HideInputFields();
     SetFocus(frmMain.txtGMcode);
 }

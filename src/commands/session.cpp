@@ -1,15 +1,18 @@
 #include "commands/session.h"
 
+#include "commands/drawing.h"
 #include "commands/load.h"
 #include "commands/program.h"
 #include "commands/recent_files.h"
 #include "commands/save.h"
 #include "commands/window.h"
 #include "core/app_data.h"
+#include "core/draw_window.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/messages.h"
 #include "core/program_list.h"
+#include "drawing/walk.h"
 #include "editor/activation.h"
 #include "editor/code_box.h"
 #include "editor/feeds.h"
@@ -27,6 +30,7 @@
 #include "ui/profile_controls.h"
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -99,6 +103,7 @@ constexpr Event Events[] = {
     {&W::mnuSave, {mnuSave_Click}},
     {&W::mnuSaveAs, {mnuSaveAs_Click}},
     {&W::mnuFind, {mnuFind_click}},
+    {&W::mnuDraw, {mnuDraw_Click}},
     {&W::mnuExit, {mnuExit_Click}},
     {&W::mnuSettingsShow, {mnuSettingsShow_Click}},
     {&W::mnuMMtoINCH, {mnuMMtoINCH_click}},
@@ -130,6 +135,7 @@ void ResetState()
 {
     MakeAnew(frmMain);
     MakeAnew(frmFind);
+    MakeAnew(frmProgramWindow);
     const unsigned version = lvCncProgram.Version;
     lvCncProgram = {};
     lvCncProgram.Version = version + 1;
@@ -138,6 +144,7 @@ void ResetState()
     Log = {};
     ResetFocus();
     ResetInterpreter();
+    UnloadDrawing();
     for (const Event& event : Events) (frmMain.*event.Of).On = event.On;
     for (Control& button : frmMain.cmdTopButtons) button.On.ClickElement = cmdTopButtons_Click;
     for (Control& entry : frmMain.mnuRecentFile) entry.On.ClickElement = mnuRecentFile_Click;
@@ -185,7 +192,8 @@ void StartNew(MachineKind machine, bool metric, bool horizontal)
 void AfterEvent()
 {
     ResumeInterpreter();
-    Shared.RedrawPending = false; // nothing is drawn yet
+    if (std::exchange(Shared.DrawingFollows, false)) RefreshDrawing();
+    ResumeDrawing();
     MendFocus();
     frmMain.lblChanged.Text = Shared.Changed ? "*" : "";
     ShowLineMessage();

@@ -1,5 +1,6 @@
 #include "commands/window.h"
 
+#include "commands/drawing.h"
 #include "commands/load.h"
 #include "commands/program.h"
 #include "commands/save.h"
@@ -8,6 +9,7 @@
 #include "core/messages.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
+#include "drawing/draw_controls.h"
 #include "editor/feeds.h"
 #include "editor/run.h"
 #include "interpreter/interpreter.h"
@@ -104,6 +106,7 @@ void cmdTopButtons_Click(int index)
     case 4: mnuSettingsShow_Click(); break;
     case 5: ToggleAxes(frmMain.picZXaxes); break;
     case 6: ToggleAxes(frmMain.picXYaxes); break;
+    case 7: mnuDraw_Click(); break;
     default: break;
     }
 }
@@ -147,6 +150,7 @@ void mnuExit_Click()
     }
     // A walk that waits is abandoned with the program.
     ResetInterpreter();
+    frmDraw_Close();
     Shared.RunMode = Shared.RunLocked = false;
     Shared.Ended = true;
 }

@@ -15,6 +15,13 @@ enum class MachineKind { MK2, MK4, F1 };
 constexpr int MinWidth = 11800;
 constexpr int MinHeight = 8720;
 
+/// What the drawing shows: the check boxes of its window as they were left last, 0 or 1 each. They outlast
+/// the window.
+struct DrawBoxValues {
+    int Radii = 0, ToolWidth = 0, ToolCenter = 0, FillCycles = 0, Program = 0;
+    int Grid = 0, Background = 0, Diameter = 0, AutoRedraw = 0;
+};
+
 /// The screen in twips, and its height above the task bar.
 struct Screen {
     int Width = 28800, Height = 16200, WorkHeight = 15600;
@@ -105,8 +112,12 @@ struct SharedState {
     /// The program has been left.
     bool Ended = false;
 
-    /// A drawing is wanted when the event is over.
+    /// An open drawing is to follow the program when the event is over.
+    bool DrawingFollows = false;
+    /// The drawing window is to draw when it is activated.
     bool RedrawPending = false;
+    /// The drawing is to be fitted before it is drawn next.
     bool AutoFitPending = false;
+    DrawBoxValues DrawBoxes;
 };
 extern SharedState Shared;

@@ -17,6 +17,7 @@
 #include "platform/platform.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
+#include "ui/redraw.h"
 #include "ui/text_box.h"
 
 #include <algorithm>
@@ -83,7 +84,7 @@ bool WriteEntry()
     const std::string& code = frmMain.txtGMcode.Text;
     std::string& fourth = frmMain.txtFKTL.Text;
     if (code == "06") {
-        if (fourth.empty()) fourth = "01";
+        if (IsBlank(fourth)) fourth = "01";
     } else if (Val(fourth) < SmallestFeed) {
         fourth = frmMain.txtFeedA.Text;
     }
@@ -109,7 +110,7 @@ void LineEdit()
     if (RefuseWhileBusy()) return;
     const bool emptyLine = frmMain.lblGMcode.Text == "G" && frmMain.txtGMcode.Text == "21";
     if (!WriteEntry()) return;
-    if (!emptyLine) Shared.RedrawPending = true;
+    if (!emptyLine) FollowEdit();
     SelectAll(frmMain.txtGMcode);
     SetFocus(frmMain.txtGMcode);
 }
@@ -166,7 +167,7 @@ void LineDelete()
     Interpreter();
     // An emptied program still differs from its file.
     Shared.Changed = true;
-    Shared.RedrawPending = true;
+    FollowEdit();
     AddBlankLine(false);
     SetFocus(frmMain.lvCncProgram);
 }

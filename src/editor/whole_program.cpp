@@ -13,8 +13,10 @@
 #include "editor/value_entry.h"
 #include "interpreter/interpreter.h"
 #include "ui/columns.h"
+#include "ui/focus.h"
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
+#include "ui/text_box.h"
 
 namespace {
 
@@ -97,7 +99,9 @@ void CodeDescription()
     const std::string& letter = frmMain.lblGMcode.Text;
     const Control& list = CodeListOf(EqualsNoCase(letter, "M"));
     const std::string description = DescriptionOf(list, letter + frmMain.txtGMcode.Text, 4);
-    if (!description.empty()) frmMain.txtComment.Text = description;
+    if (description.empty()) return;
+    frmMain.txtComment.Text = description;
+    if (HasFocus(frmMain.txtComment)) SelectAll(frmMain.txtComment); // as when the cursor came there
 }
 
 void chkViewGcode_Click()
@@ -123,7 +127,6 @@ void mnuDelComments_Click()
     for (ProgramLine& row : lvCncProgram.Rows) row[CellComment].clear();
     Interpreter();
     Shared.Changed = true;
-    Shared.RedrawPending = true;
 }
 
 void txtFileNotes_GotFocus(Control& notes)

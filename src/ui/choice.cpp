@@ -28,3 +28,11 @@ void SetCheck(Control& box, bool checked)
     box.Value = value;
     RunClick(box);
 }
+
+void PickItem(Control& list, int index)
+{
+    if (list.Index == index) return;
+    list.Index = index;
+    if (list.Is == Kind::Combo) list.Text = index < 0 ? "" : list.Items[static_cast<size_t>(index)];
+    RunClick(list);
+}

@@ -11,3 +11,6 @@ void Choose(Control& option);
 
 /// Sets a check box. Nothing when it has that value already.
 void SetCheck(Control& box, bool checked);
+
+/// Picks an item of a list, combo or tabs, -1 for none. Nothing when it is picked already.
+void PickItem(Control& list, int index);

@@ -1,29 +1,50 @@
 #include "ui/focus.h"
 
+#include "core/draw_window.h"
 #include "core/main_window.h"
 
 #include <algorithm>
+#include <map>
 #include <vector>
 
 namespace {
 
-struct FocusState {
+/// The focus in one window.
+struct Holding {
     Control* Holder = nullptr;
     /// The holder's GotFocus has run, so its LostFocus is due when it goes.
     bool Entered = false;
+};
+
+struct FocusState {
+    Control* Window = &frmMain.Window;
+    std::map<const Control*, Holding> Windows;
     /// Counts the moves, so that one that a handler made is noticed.
     int Moves = 0;
     bool MovingOn = false;
 };
 FocusState Focus;
 
+Holding& FocusIn(const Control& window)
+{
+    return Focus.Windows[&window];
+}
+
 /// The usable stops in their order, the holder among them whether it is usable or not.
 std::vector<Control*> Stops()
 {
     std::vector<Control*> stops;
-    frmMain.ForEach([&](Control& control) {
-        if (control.TabStop > 0 && (IsUsable(control) || &control == Focus.Holder)) stops.push_back(&control);
-    });
+    const Control* const holder = Focused();
+    const auto add = [&](Control& control) {
+        if (control.TabStop > 0 && (IsUsable(control) || &control == holder)) stops.push_back(&control);
+    };
+    if (Focus.Window == &frmDraw.Window) {
+        frmDraw.ForEach(add);
+    } else if (Focus.Window == &frmProgramWindow.Window) {
+        frmProgramWindow.ForEach(add);
+    } else {
+        frmMain.ForEach(add);
+    }
     std::sort(stops.begin(), stops.end(),
               [](const Control* a, const Control* b) { return a->TabStop < b->TabStop; });
     return stops;
@@ -34,21 +55,38 @@ void FocusStop(int step)
     const std::vector<Control*> stops = Stops();
     if (stops.empty()) return;
     const int count = static_cast<int>(stops.size());
-    const auto at = std::find(stops.begin(), stops.end(), Focus.Holder);
+    const auto at = std::find(stops.begin(), stops.end(), Focused());
     const int from = at != stops.end() ? static_cast<int>(at - stops.begin()) : (step > 0 ? -1 : count);
     SetFocus(*stops[static_cast<size_t>((from + step + count) % count)]);
 }
 
 } // namespace
 
-Control* Focused()
+Control& WindowOf(Control& control)
 {
-    return Focus.Holder;
+    Control* at = &control;
+    while (at->In != nullptr) at = at->In;
+    return *at;
 }
 
-bool HasFocus(const Control& control)
+Control& ActiveWindow()
 {
-    return Focus.Holder == &control;
+    return *Focus.Window;
+}
+
+void SetActiveWindow(Control& window)
+{
+    Focus.Window = &window;
+}
+
+Control* Focused()
+{
+    return FocusIn(*Focus.Window).Holder;
+}
+
+bool HasFocus(Control& control)
+{
+    return FocusIn(WindowOf(control)).Holder == &control;
 }
 
 bool IsUsable(const Control& control)
@@ -61,15 +99,15 @@ bool IsUsable(const Control& control)
 
 void SetFocus(Control& control)
 {
-    if (Focus.Holder == &control || !IsUsable(control)) return;
-    Control* const from = Focus.Holder;
-    const bool due = Focus.Entered && from != nullptr && IsUsable(*from);
-    Focus.Holder = &control;
-    Focus.Entered = false;
+    Holding& focus = FocusIn(WindowOf(control));
+    if (focus.Holder == &control || !IsUsable(control)) return;
+    Control* const from = focus.Holder;
+    const bool due = focus.Entered && from != nullptr && IsUsable(*from);
+    focus = {&control, false};
     const int move = ++Focus.Moves;
     if (due && from->On.LostFocus != nullptr) from->On.LostFocus(*from);
     if (Focus.Moves != move) return;
-    Focus.Entered = true;
+    focus.Entered = true;
     if (control.On.GotFocus != nullptr) control.On.GotFocus(control);
 }
 
@@ -93,10 +131,16 @@ bool IsMovingOn()
 
 void MendFocus()
 {
-    if (Focus.Holder == nullptr || IsUsable(*Focus.Holder)) return;
-    Focus.Holder = nullptr;
-    Focus.Entered = false;
-    SetFocus(frmMain.lvCncProgram);
+    for (auto& [window, focus] : Focus.Windows) {
+        if (focus.Holder != nullptr && !IsUsable(*focus.Holder)) DropFocus(*focus.Holder);
+    }
+}
+
+void DropFocus(Control& of)
+{
+    const Control& window = WindowOf(of);
+    FocusIn(window) = {};
+    if (&window == &frmMain.Window) SetFocus(frmMain.lvCncProgram);
 }
 
 void ResetFocus()

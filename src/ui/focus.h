@@ -6,9 +6,20 @@
 
 #include "core/control.h"
 
-/// The control that has the focus, null for none.
+// Each window has a focus of its own; keys go to the one of the active window.
+
+/// The window that a control stands in.
+Control& WindowOf(Control& control);
+
+/// The window that has the keys: frmMain, frmDraw or frmProgramWindow.
+Control& ActiveWindow();
+/// Gives the keys to a window, without events; commands/windows.h brings a window to the front.
+void SetActiveWindow(Control& window);
+
+/// The control of the active window that has the focus, null for none (the drawing's canvas).
 Control* Focused();
-bool HasFocus(const Control& control);
+/// Whether the control has the focus of its window.
+bool HasFocus(Control& control);
 
 /// Visible and enabled, and all its containers too.
 bool IsUsable(const Control& control);
@@ -27,9 +38,11 @@ void FocusPreviousStop();
 /// cursor on to the first of them.
 bool IsMovingOn();
 
-/// A focused control that was hidden or disabled loses the focus without its LostFocus, and the list
-/// takes it. Runs when an event is over.
+/// A focused control that was hidden or disabled loses the focus without its LostFocus; in the main window the
+/// list takes it. Runs when an event is over.
 void MendFocus();
+/// The same for one control's window at once.
+void DropFocus(Control& of);
 
 /// Takes the focus from whoever has it, without events.
 void ResetFocus();

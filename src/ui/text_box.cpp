@@ -65,6 +65,7 @@ bool UseClipboard(Control& box, char letter)
 {
     if (letter != 'V' && box.SelLength > 0) Clipboard = Cut(box).Selected;
     if (letter == 'C' || (letter == 'X' && box.SelLength == 0)) return false;
+    if (letter == 'V' && Clipboard.empty()) return false;
     InsertText(box, letter == 'V' ? Clipboard : "");
     return true;
 }

@@ -1,0 +1,108 @@
+#include "cli/draw_command.h"
+
+#include "cli/module.h"
+#include "cli/ops_json.h"
+#include "cli/summary.h"
+#include "commands/drawing.h"
+#include "core/draw_window.h"
+#include "core/program_list.h"
+#include "drawing/draw_controls.h"
+#include "drawing/drawing_state.h"
+#include "drawing/view.h"
+#include "drawing/walk.h"
+#include "platform/files.h"
+#include "ui/choice.h"
+
+#include <cmath>
+#include <cstdio>
+
+namespace {
+
+/// Sizes beyond a million twips can't be a picture.
+constexpr int MostTwips = 1'000'000;
+
+/// Opens the drawing as the window would be opened, and draws it in one go.
+void OpenDrawing(const DrawOptions& options)
+{
+    Shared.ErrorsPresent = false;
+    Shared.DrawBoxes = options.Boxes;
+    DrawSlot.WithoutWaits = true;
+    UnloadDrawing();
+    frmDraw.Window.Width = options.Width;
+    frmDraw.Window.Height = options.Height;
+    frmDraw.frControls.Visible = false; // the window then never grows
+    frmDraw_Load();
+    frmDraw.Window.Visible = true;
+    Shared.AutoFitPending = true;
+    frmDraw_Activate();
+    if (options.Scale) {
+        const float scale = static_cast<float>(*options.Scale);
+        Drawing.ListsBusy = true;
+        for (int i = 0; i < static_cast<int>(frmDraw.cboScale.Items.size()); ++i) {
+            if (ScaleOfIndex(i) == scale) PickItem(frmDraw.cboScale, i);
+        }
+        Drawing.ListsBusy = false;
+        SetScale(scale);
+        CenterZeroPoint();
+    }
+    if (options.Zero) std::tie(Drawing.ZeroPointX, Drawing.ZeroPointY) = *options.Zero;
+    if (options.Scale || options.Zero) Redraw();
+    DrawSlot.WithoutWaits = false;
+}
+
+std::string OperationLines()
+{
+    std::string lines;
+    for (const Operation& operation : Picture.Operations()) lines += OperationAsJson(operation).dump() + "\n";
+    return lines;
+}
+
+/// The drawing as a picture file, which replaces one of its name only when it is whole.
+Outcome WritePicture(const std::string& target, PictureFormat format)
+{
+    std::string why;
+    PaintPictureRoutine* const paint = LoadPicturePainter(why);
+    if (paint == nullptr) return Failed(why);
+    const std::string bytes = paint({&Picture.Operations(), CanvasWidth(), CanvasHeight(), format});
+    if (bytes.empty()) return Failed(target + ": the picture could not be made");
+    if (const auto failure = ReplaceFile(target, bytes)) return Failed(target + ": " + failure->Reason);
+    return {};
+}
+
+} // namespace
+
+bool ReadCanvasSize(const std::string& text, DrawOptions& options)
+{
+    int read = 0;
+    return std::sscanf(text.c_str(), "%7dx%7d%n", &options.Width, &options.Height, &read) == 2 &&
+           static_cast<size_t>(read) == text.size() && options.Width > 0 && options.Height > 0 &&
+           options.Width <= MostTwips && options.Height <= MostTwips;
+}
+
+bool ReadZeroPoint(const std::string& text, DrawOptions& options)
+{
+    double x = 0, y = 0;
+    int read = 0;
+    const bool isPoint = std::sscanf(text.c_str(), "%lf,%lf%n", &x, &y, &read) == 2 &&
+                         static_cast<size_t>(read) == text.size() && std::abs(x) <= MostTwips &&
+                         std::abs(y) <= MostTwips;
+    if (isPoint) options.Zero = {x, y};
+    return isPoint;
+}
+
+Outcome DrawFile(const LoadOptions& load, const DrawOptions& options, const std::string& file,
+                 const std::string& target)
+{
+    PictureFormat format{};
+    if (!target.empty() && !FormatOfFile(target, format))
+        return Failed(target + ": a picture's name ends in .svg, .png or .pdf");
+    if (const auto why = OpenProgram(load, file)) return Failed(file + ": " + *why);
+    if (LineCount() == 0) return Failed(file + ": the program has no lines");
+    if (Shared.ErrorsPresent && !options.Force) {
+        const std::string count = std::to_string(MessagesOfProgram().size());
+        return {StatusMessages, "", file + ": not drawn, the program has " + count + " messages"};
+    }
+    OpenDrawing(options);
+    if (target.empty()) return {StatusDone, OperationLines()};
+    return WritePicture(target, format);
+}

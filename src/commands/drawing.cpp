@@ -1,0 +1,109 @@
+#include "commands/drawing.h"
+
+#include "commands/windows.h"
+#include "core/draw_window.h"
+#include "core/main_window.h"
+#include "core/shared_state.h"
+#include "drawing/draw_controls.h"
+#include "drawing/drawing_state.h"
+#include "drawing/measure.h"
+#include "drawing/walk.h"
+#include "editor/find.h"
+#include "ui/focus.h"
+#include "ui/panes.h"
+
+#include <memory>
+#include <utility>
+
+namespace {
+
+using D = DrawWindow;
+
+struct Event {
+    Control D::*Of;
+    Slots On;
+};
+void frControls_Click()
+{
+    frControls_MouseDown(0, 0);
+}
+
+constexpr Slots MeasureSlots{nullptr,           nullptr,         Measure_GotFocus,
+                             Measure_LostFocus, Measure_KeyDown, Measure_KeyPress};
+
+constexpr Event Events[] = {
+    {&D::frControls, {frControls_Click}},
+    {&D::txtMeasureX1, MeasureSlots},
+    {&D::txtMeasureZ1, MeasureSlots},
+    {&D::txtMeasureX2, MeasureSlots},
+    {&D::txtMeasureZ2, MeasureSlots},
+    {&D::cmdAutoFit, {cmdAutoFit_Click}},
+    {&D::cmdZeroPoint, {cmdZeroPoint_Click}},
+    {&D::cmdRedraw, {cmdRedraw_Click}},
+    {&D::cmdStep, {frmDraw_cmdStep_Click}},
+    {&D::cmdAbort, {cmdAbort_Click}},
+    {&D::cmdEditor, {cmdEditor_Click}},
+    {&D::cmdCloseControls, {cmdCloseControls_Click}},
+    {&D::cboRun, {cboRun_Click}},
+    {&D::cboScale, {cboScale_Click}},
+    {&D::chkAutoRedraw, {chkAutoRedraw_Click}},
+    {&D::chkShowRadii, {chkShowRadii_Click}},
+    {&D::chkToolWidth, {chkToolWidth_Click}},
+    {&D::chkToolCenter, {chkToolCenter_Click}},
+    {&D::chkFillCycles, {chkFillCycles_click}},
+    {&D::chkProgramWindow, {chkProgramWindow_Click}},
+    {&D::chkGrid, {chkGrid_Click}},
+    {&D::chkPrintableBackground, {chkPrintableBackground_Click}},
+    {&D::chkDiameter, {chkDiameter_Click}},
+};
+
+/// Whether a program can be drawn; the drawing is then to be fitted.
+bool BeginDrawing()
+{
+    if (Shared.ErrorsPresent) return false;
+    Shared.AutoFitPending = Shared.RedrawPending = true;
+    return true;
+}
+
+} // namespace
+
+void UnloadDrawing()
+{
+    EndDrawing();
+    DropFocus(frmDraw.Window);
+    if (&ActiveWindow() == &frmDraw.Window) SetActiveWindow(frmMain.Window);
+    std::destroy_at(&frmDraw);
+    std::construct_at(&frmDraw);
+    for (const Event& event : Events) (frmDraw.*event.Of).On = event.On;
+    const DrawingState before = std::exchange(Drawing, {});
+    Drawing.Canvas = before.Canvas;
+    Drawing.FrameWidth = before.FrameWidth;
+    Drawing.FrameHeight = before.FrameHeight;
+    Drawing.PausesTakeTime = before.PausesTakeTime;
+    Drawing.YieldAfter = before.YieldAfter;
+}
+
+void mnuDraw_Click()
+{
+    cmdReturn_Click();
+    if (!BeginDrawing()) return;
+    if (!frmDraw.Window.Visible) {
+        UnloadDrawing();
+        frmDraw_Load();
+        frmDraw.Window.Visible = true;
+    }
+    BringMainToFront(); // the find dialog gives the keys away
+    SetActiveWindow(frmDraw.Window);
+    frmDraw_Activate();
+}
+
+void RefreshDrawing()
+{
+    if (frmDraw.Window.Visible && BeginDrawing()) frmDraw_Activate();
+}
+
+void cmdEditor_Click()
+{
+    frmProgramWindow.Window.Visible = false;
+    BringToFront(frmMain.Window);
+}

@@ -1,0 +1,280 @@
+#include "drawing/draw_controls.h"
+
+#include "core/draw_window.h"
+#include "core/messages.h"
+#include "core/shared_state.h"
+#include "drawing/drawing_state.h"
+#include "drawing/measure.h"
+#include "drawing/view.h"
+#include "drawing/walk.h"
+#include "ui/choice.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using D = DrawWindow;
+
+/// A check box, where its value outlasts the window, and for which machines it is shown.
+struct BoxRow {
+    Control D::*Box;
+    int DrawBoxValues::*Value;
+    bool OnLathe, OnMill;
+};
+/// In the order in which the boxes stand in frView; chkAutoRedraw stands outside.
+constexpr BoxRow Boxes[] = {
+    {&D::chkShowRadii, &DrawBoxValues::Radii, true, true},
+    {&D::chkToolWidth, &DrawBoxValues::ToolWidth, false, true},
+    {&D::chkToolCenter, &DrawBoxValues::ToolCenter, false, true},
+    {&D::chkFillCycles, &DrawBoxValues::FillCycles, true, false},
+    {&D::chkProgramWindow, &DrawBoxValues::Program, true, true},
+    {&D::chkGrid, &DrawBoxValues::Grid, true, true},
+    {&D::chkPrintableBackground, &DrawBoxValues::Background, true, true},
+    {&D::chkDiameter, &DrawBoxValues::Diameter, true, false},
+    {&D::chkAutoRedraw, &DrawBoxValues::AutoRedraw, true, true},
+};
+
+bool IsMill()
+{
+    return Shared.Machine == MachineKind::F1;
+}
+
+void KeepBoxes()
+{
+    for (const BoxRow& row : Boxes) Shared.DrawBoxes.*row.Value = (frmDraw.*row.Box).Value;
+}
+
+void RedrawIfAuto()
+{
+    if (frmDraw.chkAutoRedraw.Value == 1 && !Drawing.ListsBusy) Redraw();
+}
+
+/// A box that changes nothing but what the next drawing shows.
+void BoxClicked()
+{
+    KeepBoxes();
+    RedrawIfAuto();
+}
+
+/// One of the mill's two tool views is always on.
+void ToolViewClicked(Control& other)
+{
+    if (IsMill() && frmDraw.chkToolWidth.Value == 0 && frmDraw.chkToolCenter.Value == 0)
+        SetCheck(other, true);
+    BoxClicked();
+}
+
+void ShowBoxesOfMachine()
+{
+    constexpr int Tops[] = {200, 436, 672, 908, 1144, 1400};
+    size_t place = 0;
+    for (const BoxRow& row : Boxes) {
+        Control& box = frmDraw.*row.Box;
+        if (box.In != &frmDraw.frView) continue;
+        box.Visible = IsMill() ? row.OnMill : row.OnLathe;
+        if (box.Visible) box.Top = Tops[place++];
+    }
+    constexpr int White = 0xFFFFFF, Grey = 0x808080;
+    frmDraw.chkFillCycles.Fore = IsMill() ? Grey : White;
+    if (IsMill()) SetCheck(frmDraw.chkFillCycles, false);
+}
+
+} // namespace
+
+void ArrangeControls()
+{
+    Control& frame = frmDraw.frControls;
+    if (!Drawing.Minimized && !Drawing.Maximized && frame.Visible) {
+        // Room for the window's own frame and title.
+        const int height = frame.Height + 880, width = frame.Width + 120;
+        frame.Top = std::max(1, std::min(frame.Top, CanvasHeight() - height));
+        frame.Left = std::max(1, std::min(frame.Left, CanvasWidth() - width));
+        frame.Left = std::min(frame.Left, std::max(CanvasWidth() - width, 0));
+        frmDraw.Window.Height = std::max(frmDraw.Window.Height, height);
+        frmDraw.Window.Width = std::max(frmDraw.Window.Width, width);
+    }
+    ShowBoxesOfMachine();
+}
+
+void ShowControlsAt(double x, double y)
+{
+    Control& frame = frmDraw.frControls;
+    frame.Visible = true;
+    frame.Left = static_cast<int>(std::lround(x)) - 3650;
+    frame.Top = static_cast<int>(std::lround(y)) - 320;
+    ArrangeControls();
+}
+
+bool frControls_MouseDown(float x, float y)
+{
+    if (Drawing.DrawingNow) return false;
+    EndMeasure();
+    Drawing.DragOffsetX = x;
+    Drawing.DragOffsetY = y;
+    Drawing.Crosshair = false;
+    return true;
+}
+
+void frControls_DragOver()
+{
+    ArrangeControls();
+}
+
+void frmDraw_DragDrop(float x, float y)
+{
+    frmDraw.frControls.Left = static_cast<int>(std::lround(x - Drawing.DragOffsetX));
+    frmDraw.frControls.Top = static_cast<int>(std::lround(y - Drawing.DragOffsetY));
+}
+
+void ShowDrawBoxes()
+{
+    const DrawBoxValues values = Shared.DrawBoxes;
+    for (const BoxRow& row : Boxes) SetCheck(frmDraw.*row.Box, values.*row.Value != 0);
+    if (IsMill() && frmDraw.chkToolWidth.Value == 0) SetCheck(frmDraw.chkToolCenter, true);
+}
+
+void frmDraw_Load()
+{
+    constexpr int SmallWidth = 12000, SmallHeight = 9000;
+    const Screen& screen = Shared.Screen;
+    Control& window = frmDraw.Window;
+    Drawing.Maximized = screen.Width <= SmallWidth && screen.Height <= SmallHeight;
+    if (Drawing.Maximized) {
+        window.Width = screen.Width;
+        window.Height = screen.WorkHeight;
+    }
+    window.Left = (screen.Width - window.Width) / 2;
+    window.Top = Drawing.Maximized ? 0 : (screen.Height - window.Height) / 2;
+    Drawing.ZeroPointX = screen.Width / 2.0;
+    Drawing.ZeroPointY = screen.Height / 2.0;
+    Drawing.Canvas->Reset();
+    SetScale(1);
+    ShowDrawBoxes();
+}
+
+void frmDraw_Activate()
+{
+    Shared.ErrorsPresent = false;
+    // What the boxes set off is drawn together with the rest.
+    Drawing.ListsBusy = true;
+    ShowDrawBoxes();
+    Drawing.ListsBusy = false;
+    if (Shared.AutoFitPending) {
+        AutoFit();
+    } else if (Shared.RedrawPending) {
+        Redraw();
+    }
+    Shared.RedrawPending = false;
+}
+
+void frmDraw_Resize()
+{
+    ArrangeControls();
+    Shared.AutoFitPending = true;
+    if (frmDraw.chkAutoRedraw.Value == 1 && !Drawing.Stepping) AutoFit();
+}
+
+void frmDraw_Close()
+{
+    EndDrawing();
+    frmDraw.Window.Visible = frmProgramWindow.Window.Visible = Drawing.ProgramWindowLoaded = false;
+}
+
+void chkShowRadii_Click()
+{
+    BoxClicked();
+}
+
+void chkToolWidth_Click()
+{
+    ToolViewClicked(frmDraw.chkToolCenter);
+}
+
+void chkToolCenter_Click()
+{
+    ToolViewClicked(frmDraw.chkToolWidth);
+}
+
+void chkFillCycles_click()
+{
+    if (IsMill()) {
+        frmDraw.chkFillCycles.Value = 0;
+        return;
+    }
+    ApplyFillStyle();
+    BoxClicked();
+}
+
+void chkProgramWindow_Click()
+{
+    BoxClicked();
+}
+
+void chkGrid_Click()
+{
+    ApplyFillStyle();
+    BoxClicked();
+}
+
+void chkPrintableBackground_Click()
+{
+    BoxClicked();
+}
+
+void chkDiameter_Click()
+{
+    KeepBoxes();
+    if (IsMill()) return;
+    const bool diameter = frmDraw.chkDiameter.Value == 1;
+    frmDraw.Window.Text = TextOf(diameter ? Messages::XDiameter : Messages::XRadius) + "=";
+}
+
+void chkAutoRedraw_Click()
+{
+    KeepBoxes();
+    RedrawIfAuto();
+}
+
+void cboRun_Click()
+{
+    const int choice = frmDraw.cboRun.Index;
+    frmDraw.cmdStep.Visible = choice == static_cast<int>(RunChoice::Step);
+    frmDraw.cmdAbort.Visible = true;
+    frmDraw.cmdRedraw.Enabled = choice <= static_cast<int>(RunChoice::Step);
+    if (!Drawing.ListsBusy) Redraw();
+}
+
+void cboScale_Click()
+{
+    SetScale(ScaleOfIndex(frmDraw.cboScale.Index));
+    RedrawIfAuto();
+}
+
+void cmdRedraw_Click()
+{
+    Redraw();
+}
+
+void cmdAutoFit_Click()
+{
+    Shared.AutoFitPending = true;
+    AutoFit();
+}
+
+void cmdZeroPoint_Click()
+{
+    if (Shared.ErrorsPresent) return;
+    Drawing.Canvas->ClearCanvas();
+    for (Control* control : {&frmDraw.cmdAutoFit, &frmDraw.cmdRedraw, &frmDraw.cmdZeroPoint,
+                             &frmDraw.cmdPrint, &frmDraw.cboScale})
+        control->Enabled = false;
+    frmDraw.cmdEditor.Enabled = true;
+    if (frmDraw.chkGrid.Value == 1) MakeGrid(Drawing.ZeroPointX, Drawing.ZeroPointY);
+    Drawing.PickingZeroPoint = Drawing.Crosshair = true;
+}
+
+void cmdCloseControls_Click()
+{
+    frmDraw.frControls.Visible = false;
+}

@@ -1,0 +1,46 @@
+// draw_controls.h: the drawing window's life, its floating frame and what its controls do.
+
+#pragma once
+
+#include "core/control.h"
+
+/// Keeps frControls inside the window and lays its check boxes out by machine.
+void ArrangeControls();
+
+/// Shows the frame with its upper right corner about here, where its close button then is.
+void ShowControlsAt(double x, double y);
+
+/// The mouse is pressed on the frame: a measurement is given up and the frame begins to be dragged. False, and
+/// nothing, while a walk runs.
+bool frControls_MouseDown(float x, float y);
+void frControls_DragOver();
+/// The frame is dropped with the pointer here.
+void frmDraw_DragDrop(float x, float y);
+
+/// Gives all check boxes the values of Shared.DrawBoxes; on the mill at least one tool view is on.
+void ShowDrawBoxes();
+
+// The window's events.
+void frmDraw_Load();
+/// The window was shown or got the focus: captions, boxes, and the drawing that is wanted.
+void frmDraw_Activate();
+void frmDraw_Resize();
+/// Closes the window and its Program Lines; a walk that waits is ended.
+void frmDraw_Close();
+
+// The controls' events.
+void chkShowRadii_Click();
+void chkToolWidth_Click();
+void chkToolCenter_Click();
+void chkFillCycles_click();
+void chkProgramWindow_Click();
+void chkGrid_Click();
+void chkPrintableBackground_Click();
+void chkDiameter_Click();
+void chkAutoRedraw_Click();
+void cboRun_Click();
+void cboScale_Click();
+void cmdRedraw_Click();
+void cmdAutoFit_Click();
+void cmdZeroPoint_Click();
+void cmdCloseControls_Click();

@@ -1,0 +1,105 @@
+#include "drawing/program_window.h"
+
+#include "core/draw_window.h"
+#include "core/numbers.h"
+#include "core/program_list.h"
+#include "core/shared_state.h"
+#include "core/text.h"
+#include "drawing/drawing_state.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+namespace {
+
+using P = ProgramWindow;
+
+/// A column: its cell, its label, and how much of the header fits.
+struct ColumnRow {
+    Cell Of;
+    Control P::*Label;
+};
+constexpr ColumnRow Columns[] = {
+    {CellN, &P::lblN},         {CellCode, &P::lblG},      {CellX, &P::lblX}, {CellY, &P::lblY},
+    {CellZ, &P::lblZ},         {CellF, &P::lblF},         {CellH, &P::lblH}, {CellToolX, &P::lblToolX},
+    {CellToolY, &P::lblToolY}, {CellToolZ, &P::lblToolZ},
+};
+
+constexpr size_t ColumnWidth = 7;
+constexpr size_t CommentWidth = 44;
+/// The axis letters at the ends of the tool columns' headers, which are cut to 9 characters.
+constexpr size_t ToolHeaderWidth = 9;
+
+bool HasColumn(Cell cell)
+{
+    const bool mill = Shared.Machine == MachineKind::F1;
+    if (cell == CellY || cell == CellToolY) return mill;
+    return cell != CellH || Shared.Machine == MachineKind::MK4;
+}
+
+std::string EntryOf(const ProgramLine& row)
+{
+    std::string entry;
+    for (const ColumnRow& column : Columns) {
+        if (HasColumn(column.Of)) entry += RightPad(Trimmed(row[column.Of]), ColumnWidth);
+    }
+    entry += "  ";
+    entry += FirstCharacters(Trimmed(row[CellComment]), CommentWidth);
+    return entry;
+}
+
+std::string ToolHeader(Cell cell, char axis)
+{
+    std::string header(FirstCharacters(lvCncProgram.Headers[cell], ToolHeaderWidth));
+    if (!header.ends_with(axis)) header += axis;
+    return header;
+}
+
+} // namespace
+
+void frmProgramWindow_Load()
+{
+    for (const ColumnRow& column : Columns) {
+        (frmProgramWindow.*column.Label).Text = lvCncProgram.Headers[column.Of];
+    }
+    frmProgramWindow.lblToolX.Text = ToolHeader(CellToolX, 'X');
+    frmProgramWindow.lblToolY.Text = ToolHeader(CellToolY, 'Y');
+    frmProgramWindow.lblToolZ.Text = ToolHeader(CellToolZ, 'Z');
+    frmProgramWindow.lblComment.Text = lvCncProgram.Headers[CellComment];
+    frmProgramWindow_Resize();
+}
+
+void SetProgramColumns()
+{
+    // A column takes 7 characters of a typewriter's face at 10 points; its label stands over the last of
+    // them.
+    constexpr int CharacterTwips = 120, LeftEdge = 120;
+    int left = LeftEdge;
+    for (const ColumnRow& column : Columns) {
+        Control& label = frmProgramWindow.*column.Label;
+        label.Visible = HasColumn(column.Of);
+        if (!label.Visible) continue;
+        label.Left = left;
+        left += static_cast<int>(ColumnWidth) * CharacterTwips;
+        label.Width = left - label.Left;
+    }
+    frmProgramWindow.lblComment.Left = left + 2 * CharacterTwips;
+}
+
+void frmProgramWindow_Resize()
+{
+    frmProgramWindow.lstCncLines.Width = frmProgramWindow.Window.Width - 200;
+    frmProgramWindow.lstCncLines.Height = frmProgramWindow.Window.Height - 600;
+}
+
+void FillProgramWindow()
+{
+    if (!Drawing.ProgramWindowLoaded) frmProgramWindow_Load();
+    Drawing.ProgramWindowLoaded = frmProgramWindow.Window.Visible = true;
+    SetProgramColumns();
+    Control& list = frmProgramWindow.lstCncLines;
+    list.Items.clear();
+    for (const ProgramLine& row : lvCncProgram.Rows) list.Items.push_back(EntryOf(row));
+    list.Index = -1;
+}
