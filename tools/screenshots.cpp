@@ -11,6 +11,7 @@
 #include "ui/choice.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
+#include "ui/tick.h"
 
 #include <QApplication>
 #include <QDir>
@@ -159,7 +160,7 @@ bool Draw(Desktop& desktop, MainFrame& window, const State& state, QSize size, c
         StartNew(MachineKind::MK4, true, false);
         state.Make();
     });
-    desktop.Run([] {});
+    desktop.Run(tmr1sec_Timer);
     QApplication::processEvents();
     return Grab(window, name);
 }

@@ -257,7 +257,11 @@ std::string AccessibleName(const Control& control)
 
 std::string TipOf(const Control& control)
 {
-    if (!control.ToolTip.empty()) return control.ToolTip;
+    return control.ToolTip.empty() ? FirstTipOf(control) : control.ToolTip;
+}
+
+std::string FirstTipOf(const Control& control)
+{
     if (const NameRow* const row = RowOf(control); row != nullptr) return std::string(row->Tip);
     return control.Text.empty() ? FullName(control) : WithoutMarks(control.Text);
 }

@@ -16,3 +16,6 @@ std::string AccessibleName(const Control& control);
 
 /// The tip that the user reads over a control. Never empty.
 std::string TipOf(const Control& control);
+
+/// The tip without what a routine has written. Never empty.
+std::string FirstTipOf(const Control& control);

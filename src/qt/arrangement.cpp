@@ -50,11 +50,22 @@ void AlignRight(const ControlWidgets& widgets, std::initializer_list<const Contr
     }
 }
 
-void MakeSmaller(QWidget* widget)
+void MakeSmaller(QWidget* widget, double part = 0.9)
 {
     QFont font = widget->font();
-    font.setPointSizeF(font.pointSizeF() * 0.9);
+    font.setPointSizeF(font.pointSizeF() * part);
     widget->setFont(font);
+}
+
+/// The panes beside the tool bar have smaller letters and margins.
+QWidget* NarrowPane(const ControlWidgets& widgets, const Control& record)
+{
+    auto* const pane = widgets.As<Pane>(record);
+    for (QObject* child : pane->children()) {
+        if (child->isWidgetType()) MakeSmaller(static_cast<QWidget*>(child), 0.87);
+    }
+    pane->SetNarrow();
+    return pane;
 }
 
 void LayOutTop(const ControlWidgets& widgets)
@@ -67,12 +78,7 @@ void LayOutTop(const ControlWidgets& widgets)
     path->addStretch();
     widgets.As<ElidedLabel>(main.lblPath)->Elide = Qt::ElideMiddle;
 
-    QWidget* const view = Of(widgets, main.frView);
-    QMargins margins = view->contentsMargins();
-    margins.setTop(margins.top() - 3);
-    margins.setBottom(2);
-    view->setContentsMargins(margins);
-    QGridLayout* const boxes = GridIn(view, Space);
+    QGridLayout* const boxes = GridIn(NarrowPane(widgets, main.frView), 2);
     boxes->addWidget(Of(widgets, main.chkViewToolPos), 0, 0);
     boxes->addWidget(Of(widgets, main.chkViewLineProperties), 1, 0);
     boxes->addWidget(Of(widgets, main.chkViewMachineTime), 2, 0);
@@ -80,33 +86,43 @@ void LayOutTop(const ControlWidgets& widgets)
     boxes->addWidget(Of(widgets, main.chkViewFileNotes), 1, 1);
     boxes->setColumnStretch(1, 1);
 
-    QWidget* const feeds = Of(widgets, main.frSetReplace);
-    feeds->setContentsMargins(margins);
-    QGridLayout* const presets = GridIn(feeds, Gap, 2);
-    presets->addWidget(Of(widgets, main.cmdFeedA), 0, 0);
-    presets->addWidget(Of(widgets, main.txtFeedA), 0, 1);
-    presets->addWidget(Of(widgets, main.cmdFeedB), 1, 0);
-    presets->addWidget(Of(widgets, main.txtFeedB), 1, 1);
-    for (const Control* box : {&main.txtFeedA, &main.txtFeedB, &main.cmdFeedA, &main.cmdFeedB}) {
-        Of(widgets, *box)->setMinimumWidth(0);
-        Of(widgets, *box)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    QGridLayout* const presets = GridIn(NarrowPane(widgets, main.frSetReplace), Gap, 1);
+    const Control* const rows[][2] = {{&main.cmdFeedA, &main.txtFeedA}, {&main.cmdFeedB, &main.txtFeedB}};
+    for (int row = 0; row < 2; ++row) {
+        for (int column = 0; column < 2; ++column) {
+            QWidget* const widget = Of(widgets, *rows[row][column]);
+            widget->setMinimumWidth(0);
+            widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
+            presets->addWidget(widget, row, column);
+        }
     }
-    presets->setColumnStretch(0, 5);
-    presets->setColumnStretch(1, 4);
+    presets->setColumnStretch(0, 3);
+    presets->setColumnStretch(1, 2);
 }
 
-/// A field with its label above.
-void AddField(const ControlWidgets& widgets, QBoxLayout& row, const Control& label, const Control& box,
-              int share)
+/// The fields of the entry, their labels and shares of its width.
+struct EntryField {
+    Control W::*Label;
+    Control W::*Box;
+    int Share;
+};
+constexpr EntryField EntryFields[] = {
+    {&W::lblXI, &W::txtXI, 5},     {&W::lblYJ, &W::txtYJ, 5}, {&W::lblZK, &W::txtZK, 5},
+    {&W::lblFKTL, &W::txtFKTL, 4}, {&W::lblH, &W::txtH, 4},
+};
+
+/// A box below its label.
+QBoxLayout* FieldCell(const ControlWidgets& widgets, QLayoutItem* label, const Control& box)
 {
     QBoxLayout* const cell = new QBoxLayout(QBoxLayout::TopToBottom);
     cell->setSpacing(0);
     QWidget* const field = Of(widgets, box);
     field->setMinimumWidth(0);
+    field->setMaximumWidth(field->fontMetrics().averageCharWidth() * 18);
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    cell->addWidget(Of(widgets, label));
+    cell->addItem(label);
     cell->addWidget(field);
-    row.addLayout(cell, share);
+    return cell;
 }
 
 void LayOutEntry(const ControlWidgets& widgets)
@@ -117,27 +133,20 @@ void LayOutEntry(const ControlWidgets& widgets)
     row->setSpacing(Gap);
 
     // The code's letter stands above its digits, behind the word.
-    QBoxLayout* const code = new QBoxLayout(QBoxLayout::TopToBottom);
-    code->setSpacing(0);
     QBoxLayout* const caption = new QBoxLayout(QBoxLayout::LeftToRight);
     caption->setSpacing(Gap);
     caption->addWidget(Of(widgets, main.lblCode));
     caption->addWidget(Of(widgets, main.lblGMcode));
     caption->addStretch();
-    code->addLayout(caption);
-    code->addWidget(Of(widgets, main.txtGMcode));
-    row->addLayout(code, 4);
-    Of(widgets, main.txtGMcode)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    Of(widgets, main.txtGMcode)->setMinimumWidth(0);
     QFont bold = Of(widgets, main.lblGMcode)->font();
     bold.setBold(true);
     Of(widgets, main.lblGMcode)->setFont(bold);
-
-    AddField(widgets, *row, main.lblXI, main.txtXI, 5);
-    AddField(widgets, *row, main.lblYJ, main.txtYJ, 5);
-    AddField(widgets, *row, main.lblZK, main.txtZK, 5);
-    AddField(widgets, *row, main.lblFKTL, main.txtFKTL, 4);
-    AddField(widgets, *row, main.lblH, main.txtH, 4);
+    row->addLayout(FieldCell(widgets, caption, main.txtGMcode), 5);
+    for (const EntryField& field : EntryFields) {
+        QLayoutItem* const label = new QWidgetItem(Of(widgets, main.*field.Label));
+        row->addLayout(FieldCell(widgets, label, main.*field.Box), field.Share);
+    }
+    row->addStretch(1); // a wide window leaves the fields their size
     all->addLayout(row);
 
     QBoxLayout* const comment = new QBoxLayout(QBoxLayout::LeftToRight);
@@ -160,8 +169,10 @@ void LayOutButtons(const ControlWidgets& widgets)
     for (const Control* button :
          {&main.cmdInsert, &main.cmdDelete, &main.cmdRun, &main.cmdStep, &main.cmdStop}) {
         Of(widgets, *button)->setMinimumWidth(0);
-        Of(widgets, *button)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
+        Of(widgets, *button)->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     }
+    for (const Control* button : {&main.cmdRun, &main.cmdStep, &main.cmdStop})
+        Of(widgets, *button)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
     QGridLayout* const receive = GridIn(Of(widgets, main.frCmdRX), Gap, Gap);
     const Control* const buttons[] = {&main.cmdReceiveImport, &main.cmdReceiveSave, &main.cmdReceiveNew,
                                       &main.cmdReceiveExit};
@@ -307,14 +318,14 @@ void LayOutDirection(const ControlWidgets& widgets, const Control (&frames)[8], 
         QGridLayout* const grid = GridIn(Of(widgets, frame), 2, 1);
         for (int i = 0; i < count; ++i) grid->addWidget(Of(widgets, options[i]), i / columns, i % columns);
     };
-    fill(frames[1], ports, static_cast<int>(Ports), 1);
-    fill(frames[2], bauds, static_cast<int>(Bauds), 1);
+    fill(frames[1], ports, static_cast<int>(Ports), 2);
+    fill(frames[2], bauds, static_cast<int>(Bauds), 3);
     fill(frames[3], parities, 3, 3);
     fill(frames[4], dataBits, 2, 2);
     fill(frames[5], stopBits, 2, 2);
     AddAll(widgets, *BoxIn(Of(widgets, frames[6]), QBoxLayout::TopToBottom, 1), handshake);
     AddAll(widgets, *BoxIn(Of(widgets, frames[7]), QBoxLayout::TopToBottom, 1), {&filter});
-    QBoxLayout* const all = BoxIn(Of(widgets, frames[0]), QBoxLayout::TopToBottom, Gap);
+    QBoxLayout* const all = BoxIn(Of(widgets, frames[0]), QBoxLayout::TopToBottom, Space);
     for (size_t i = 1; i < std::size(frames); ++i) all->addWidget(Of(widgets, frames[i]));
     AddAll(widgets, *all, {&standard, &emco});
 }
@@ -409,7 +420,12 @@ void PlaceBottom(const ControlWidgets& widgets, const QWidget& content)
     const int height = bottom - top;
     const int column = ToPixels(content, main.frFileNotes.Left);
     const bool below = ToPixels(content, main.frFileNotes.Top + main.frFileNotes.Height) <= top + Space;
-    const int axesWidth = ToPixels(content, 3500), figuresWidth = ToPixels(content, 2180);
+    const auto widthOf = [&](const Control& pane, int least, int most) {
+        return std::clamp(widgets.Of(pane)->sizeHint().width(), ToPixels(content, least),
+                          ToPixels(content, most));
+    };
+    const int axesWidth = ToPixels(content, 3500),
+              figuresWidth = widthOf(main.frProgramProperties, 1740, 2600);
     int right = column - Gap;
     if (below) {
         Put(widgets, main.frAxesProperties,
@@ -422,7 +438,7 @@ void PlaceBottom(const ControlWidgets& widgets, const QWidget& content)
         Put(widgets, main.frProgramProperties, {right - figuresWidth, top, figuresWidth, height});
         right -= figuresWidth + Space;
     }
-    const int buttonsWidth = ToPixels(content, 1680), buttonsLeft = right - buttonsWidth;
+    const int buttonsWidth = widthOf(main.frCmdEditor1, 1380, 1800), buttonsLeft = right - buttonsWidth;
     const int third = (height - 2 * Gap) / 3;
     const Control* const frames[] = {&main.frCmdEditor1, &main.frCmdEditor2, &main.frCmdEditor3};
     for (int i = 0; i < 3; ++i)
@@ -454,19 +470,22 @@ void PlaceList(const ControlWidgets& widgets, const QWidget& content)
 /// leave theirs to the others.
 void KeepPlaces(const ControlWidgets& widgets)
 {
-    const W& main = frmMain;
-    const auto keep = [&](std::initializer_list<const Control*> fields, bool place) {
-        for (const Control* field : fields) {
-            QWidget* const widget = widgets.Of(*field);
+    auto* const row = qobject_cast<QBoxLayout*>(widgets.Of(frmMain.frEntry)->layout()->itemAt(0)->layout());
+    int place = 0;
+    for (const EntryField& field : EntryFields) {
+        ++place;
+        bool keeps = true;
+        if (field.Box == &W::txtYJ) keeps = lvCncProgram.Widths[CellY] > 0;
+        if (field.Box == &W::txtH) keeps = lvCncProgram.Widths[CellH] > 0;
+        row->setStretch(place, keeps || (frmMain.*field.Box).Visible ? field.Share : 0);
+        for (const auto part : {field.Label, field.Box}) {
+            QWidget* const widget = widgets.Of(frmMain.*part);
             QSizePolicy policy = widget->sizePolicy();
-            if (policy.retainSizeWhenHidden() == place) continue;
-            policy.setRetainSizeWhenHidden(place);
+            if (policy.retainSizeWhenHidden() == keeps) continue;
+            policy.setRetainSizeWhenHidden(keeps);
             widget->setSizePolicy(policy);
         }
-    };
-    keep({&main.lblXI, &main.txtXI, &main.lblZK, &main.txtZK, &main.lblFKTL, &main.txtFKTL}, true);
-    keep({&main.lblYJ, &main.txtYJ}, lvCncProgram.Widths[CellY] > 0);
-    keep({&main.lblH, &main.txtH}, lvCncProgram.Widths[CellH] > 0);
+    }
 }
 
 } // namespace
@@ -490,10 +509,13 @@ void PlacePanes(const ControlWidgets& widgets, const QWidget& content)
     PlaceList(widgets, content);
     KeepPlaces(widgets);
 
-    // The units stand at the right end of the caption's line of the entry.
+    // The units stand at the right end of the caption's line of the entry where it has room for them; the
+    // hint tells them too.
     auto* const entry = widgets.As<Pane>(frmMain.frEntry);
     QWidget* const units = widgets.Of(frmMain.lblEntryUnits);
-    const int room = std::min(units->sizeHint().width(), entry->width() * 3 / 4);
+    const int wanted = units->sizeHint().width();
+    const int caption = entry->fontMetrics().horizontalAdvance(entry->Caption());
+    const int room = wanted + caption + 3 * Space <= entry->width() ? wanted : 0;
     units->setGeometry(entry->width() - room - Space, 2, room, entry->CaptionHeight());
-    entry->CaptionRoom = room + Space;
+    entry->CaptionRoom = room;
 }

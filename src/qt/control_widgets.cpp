@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -54,10 +55,13 @@ Pane::Look LookOf(const Control& record)
     for (const Control* row : {&main.frXAxis, &main.frYaxis, &main.frZAxis}) {
         if (&record == row) return Pane::Look::Row;
     }
-    for (const Control* bare :
-         {&main.frControlPanel, &main.frCmdEditor1, &main.frCmdEditor2, &main.frCmdEditor3, &main.frCmdRX,
-          &main.frSettingsIncr, &main.frSettingsAbs}) {
+    for (const Control* bare : {&main.frControlPanel, &main.frCmdEditor1, &main.frCmdEditor2,
+                                &main.frCmdEditor3, &main.frSettingsIncr, &main.frSettingsAbs}) {
         if (&record == bare) return Pane::Look::Bare;
+    }
+    // Groups of options inside a frame.
+    for (const Control* outer : {&main.frTX[0], &main.frRX[0]}) {
+        if (record.In == outer) return Pane::Look::Section;
     }
     return Pane::Look::Titled;
 }
@@ -78,6 +82,7 @@ QWidget* MakeTextBox(const Control& record, QWidget* parent)
     if (record.MultiLine) {
         auto* edit = new QPlainTextEdit(parent);
         edit->setTabChangesFocus(true);
+        if (&record == &frmMain.txtRX) edit->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
         return edit;
     }
     auto* line = new QLineEdit(parent);

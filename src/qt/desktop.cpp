@@ -7,6 +7,7 @@
 #include "editor/find.h"
 #include "qt/keys.h"
 #include "qt/pane.h"
+#include "qt/style.h"
 #include "qt/text_sync.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
@@ -30,6 +31,7 @@
 Desktop::Desktop()
 {
     ThePlatform = &Platform;
+    if (QApplication::style()->name() == "fusion") QApplication::setStyle(new FrameStyle("fusion"));
     Platform.BeforeBox = [this] {
         for (const Window& window : Windows) window.Render();
         Widgets.Push();

@@ -4,6 +4,7 @@
 #include "commands/session.h"
 #include "core/app_data.h"
 #include "qt/main_frame.h"
+#include "ui/tick.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -12,7 +13,6 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName("brixley");
-    QApplication::setApplicationDisplayName(ProductName);
     QApplication::setApplicationVersion(ProductVersion);
 
     Desktop desktop;
@@ -20,6 +20,7 @@ int main(int argc, char** argv)
     MainFrame window(desktop);
     FindFrame find(desktop, &window);
     desktop.Run([] { StartNew(MachineKind::MK4, true, false); });
+    desktop.Run(tmr1sec_Timer); // what is enabled at first
     window.Open();
 
     const QStringList arguments = QApplication::arguments();

@@ -9,7 +9,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QScrollArea>
-#include <QStyleOption>
+#include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -38,6 +38,7 @@ void Pane::SetCaption(const QString& caption)
 {
     if (Text == caption) return;
     Text = caption;
+    SetMargins();
     update();
 }
 
@@ -48,7 +49,15 @@ int Pane::CaptionHeight() const
 
 void Pane::SetMargins()
 {
-    if (Shown == Look::Titled) setContentsMargins(Padding, CaptionHeight() + 4, Padding, 4);
+    const int above = CaptionHeight() + (Narrow ? 1 : 4), side = Narrow ? 5 : Padding;
+    if (Shown == Look::Titled) setContentsMargins(side, above, side, Narrow ? 1 : 4);
+    if (Shown == Look::Section) setContentsMargins(0, Text.isEmpty() ? 0 : above, 0, 0);
+}
+
+void Pane::SetNarrow()
+{
+    Narrow = true;
+    SetMargins();
 }
 
 void Pane::changeEvent(QEvent* event)
@@ -66,8 +75,9 @@ void Pane::paintEvent(QPaintEvent*)
     QPainter painter(this);
     const bool row = Shown == Look::Row;
     painter.setPen(row || !isEnabled() ? palette().color(QPalette::WindowText) : Theme::Muted(palette()));
-    const QRect place =
-        row ? rect() : QRect(Padding, 2, width() - 2 * Padding - CaptionRoom, CaptionHeight());
+    const int left = Shown == Look::Titled ? contentsMargins().left() : 0;
+    const QRect above(left, Narrow ? 1 : 2, width() - 2 * left - CaptionRoom, CaptionHeight());
+    const QRect place = row ? rect() : above;
     const QString text = fontMetrics().elidedText(Text, Qt::ElideRight, place.width());
     painter.drawText(place, static_cast<int>(Qt::AlignLeft) | Qt::AlignVCenter, text);
 }
@@ -102,6 +112,7 @@ void PictureView::paintEvent(QPaintEvent*)
 TabPane::TabPane(QWidget* parent)
     : QWidget(parent), Top(new QGridLayout), Stack(new QStackedWidget(this)), Group(new QButtonGroup(this))
 {
+    setFocusPolicy(Qt::TabFocus);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(Padding, Padding, Padding, Padding);
     layout->setSpacing(Padding);
@@ -160,9 +171,8 @@ void TabPane::paintEvent(QPaintEvent*)
     DrawBox(*this, palette().color(QPalette::Window));
     if (!hasFocus()) return;
     // The keys choose the tab: a ring around the captions.
-    QStyleOptionFocusRect ring;
-    ring.initFrom(this);
-    ring.rect = Top->geometry().adjusted(-3, -3, 3, 3);
     QPainter painter(this);
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &ring, &painter, this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
+    painter.drawRoundedRect(QRectF(Top->geometry()).adjusted(-3, -3, 3, 3), Corner, Corner);
 }

@@ -9,17 +9,20 @@
 class QButtonGroup;
 class QGridLayout;
 
-/// A frame. Its caption stands in the upper margin, left of the content, or not at all.
+/// A frame. Its caption stands in the upper margin, with a box around or without, left of the content, or not
+/// at all.
 class Pane : public QWidget
 {
 public:
-    enum class Look { Titled, Row, Bare };
+    enum class Look { Titled, Section, Row, Bare };
 
     Pane(Look look, QWidget* parent);
     void SetCaption(const QString& caption);
     const QString& Caption() const { return Text; }
     /// Height of the caption's line above the content.
     int CaptionHeight() const;
+    /// Narrow margins, for a small pane.
+    void SetNarrow();
     /// Room at the right of the caption's line that belongs to something else.
     int CaptionRoom = 0;
 
@@ -32,6 +35,7 @@ private:
 
     Look Shown;
     QString Text;
+    bool Narrow = false;
 };
 
 /// A text in one line that is shortened when its place is too narrow; its tip then tells it whole.

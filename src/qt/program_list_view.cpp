@@ -15,6 +15,7 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -188,7 +189,7 @@ ProgramListView::ProgramListView(QWidget* parent) : QTableView(parent)
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section, int, int size) {
         const auto cell = static_cast<size_t>(section);
         if (Pushing || size == 0) return;
-        lvCncProgram.Widths[cell] = ToTwips(*this, size + (cell == CellComment ? LostWidth() : 0));
+        lvCncProgram.Widths[cell] = ToTwips(*this, size);
     });
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
         if (!Pushing) lvCncProgram.TopRow = value + 1;
@@ -199,10 +200,9 @@ void ProgramListView::SetRowHeight()
 {
     QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     fixed.setPointSizeF(font().pointSizeF());
-    if (Model.rowCount() >= 0 && property("fixedFont").toString() != fixed.toString()) {
-        setProperty("fixedFont", fixed.toString());
-        setFont(fixed);
-    }
+    const QFont plain = font();
+    setFont(fixed); // the cells stand in columns of characters
+    horizontalHeader()->setFont(plain);
     verticalHeader()->setDefaultSectionSize(QFontMetrics(fixed).height() + 5);
 }
 
@@ -212,19 +212,18 @@ void ProgramListView::changeEvent(QEvent* event)
     if (event->type() == QEvent::PaletteChange) viewport()->update();
 }
 
-int ProgramListView::LostWidth() const
-{
-    return width() - viewport()->width();
-}
-
 void ProgramListView::PushWidths()
 {
+    const bool outer = std::exchange(Pushing, true);
+    constexpr int SmallestComment = 4830;
+    int others = 0;
     for (size_t cell = 0; cell < CellCount; ++cell) {
         const int column = static_cast<int>(cell);
         int pixels = ToPixels(*this, lvCncProgram.Widths[cell]);
-        constexpr int Smallest = 4830;
-        // The comment fills the list as far as border and scroll bar leave it room.
-        if (cell == CellComment) pixels = std::max(pixels - LostWidth(), ToPixels(*this, Smallest));
+        // A comment that is wider than it must be fills what border and scroll bar leave of the list.
+        if (cell == CellComment && lvCncProgram.Widths[cell] > SmallestComment)
+            pixels = std::max(viewport()->width() - others, ToPixels(*this, SmallestComment));
+        others += pixels;
         if (lvCncProgram.Widths[cell] == 0) {
             if (!isColumnHidden(column)) setColumnHidden(column, true);
             continue;
@@ -232,6 +231,13 @@ void ProgramListView::PushWidths()
         if (isColumnHidden(column)) setColumnHidden(column, false);
         if (columnWidth(column) != pixels) setColumnWidth(column, pixels);
     }
+    Pushing = outer;
+}
+
+void ProgramListView::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    PushWidths();
 }
 
 void ProgramListView::Render()

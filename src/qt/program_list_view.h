@@ -47,12 +47,11 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
     void contextMenuEvent(QContextMenuEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void SetRowHeight();
     void PushWidths();
-    /// Pixels of the list's width that border and scroll bar take.
-    int LostWidth() const;
 
     ProgramListModel Model;
     bool Pushing = false;

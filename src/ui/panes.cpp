@@ -211,9 +211,20 @@ void ShowHint()
     std::string& hint = frmMain.lblHint.Text;
     hint.clear();
     if (focused == nullptr || IsHelpUp()) return;
+    if (Shared.RunMode) {
+        hint = "[ALT-S] does the selected line, Stop goes back to the editor";
+        return;
+    }
     if (focused->In != &frmMain.frEntry && focused != &frmMain.lvCncProgram) return;
-    const size_t to = focused->Tag.find("TO");
     hint = AccessibleName(*focused) + ": ";
-    hint += to == std::string::npos ? TipOf(*focused)
-                                    : focused->Tag.substr(0, to) + " to " + focused->Tag.substr(to + 2);
+    const size_t to = focused->Tag.find("TO");
+    if (to == std::string::npos) {
+        hint += FirstTipOf(*focused);
+        if (focused == &frmMain.txtGMcode) hint += "; " + focused->ToolTip;
+        return;
+    }
+    hint += focused->Tag.substr(0, to) + " to " + focused->Tag.substr(to + 2);
+    constexpr std::string_view Lengths = "X Y Z I J K R D";
+    if (Lengths.find(AccessibleName(*focused)) != std::string_view::npos)
+        hint += ", in " + frmMain.lblEntryUnits.Text;
 }

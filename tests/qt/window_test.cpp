@@ -1,0 +1,293 @@
+// The window with its real widgets: names, keys, clicks, what fits. Boxes and dialogs are answered by a
+// script.
+
+#include "qt/events.h"
+#include "ui/text_box_cases.h"
+
+#include "cli/key_script.h"
+#include "commands/session.h"
+#include "core/control_names.h"
+#include "core/main_window.h"
+#include "core/program_list.h"
+#include "qt/main_frame.h"
+#include "qt/pane.h"
+#include "qt/program_list_view.h"
+#include "support/program.h"
+#include "ui/focus.h"
+#include "ui/tick.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDropEvent>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// The desktop with its windows, at a size in pixels; boxes are answered by Desk.
+class Window : public testing::Test
+{
+protected:
+    Desktop Events;
+    std::unique_ptr<MainFrame> Main;
+    std::unique_ptr<FindFrame> Find;
+
+    void Open(MachineKind machine, QSize size = {1000, 667})
+    {
+        Desk = {};
+        ThePlatform = &Desk;
+        ResetState();
+        Main = std::make_unique<MainFrame>(Events);
+        Find = std::make_unique<FindFrame>(Events, Main.get());
+        frmMain.Window.Width = size.width() * 15;
+        frmMain.Window.Height = size.height() * 15;
+        Events.Run([&] { StartNew(machine, true, false); });
+        Main->Open();
+        Main->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(Main.get()));
+    }
+
+    void SetUp() override { Open(MachineKind::MK4); }
+
+    QWidget* WidgetOf(const Control& control) { return Events.Widgets.Of(control); }
+    void Click(const Control& control)
+    {
+        QTest::mouseClick(WidgetOf(control), Qt::LeftButton, {}, WidgetOf(control)->rect().center());
+    }
+};
+
+/// All that the engine holds of a program and the window, to compare two ways that lead there.
+std::string StateText()
+{
+    std::string text;
+    for (const ProgramLine& row : lvCncProgram.Rows) {
+        for (const std::string& cell : row.Cells) text += cell + "|";
+        text += "\n";
+    }
+    frmMain.ForEach([&](Control& control) {
+        text += FullName(control) + "=" + control.Text + (control.Visible ? "" : " hidden") +
+                (control.Enabled ? "" : " disabled") + " " + std::to_string(control.Value) + " " +
+                std::to_string(control.Index) + "\n";
+    });
+    text += Focused() == nullptr ? "" : Focused()->Name;
+    for (const auto& shown : Desk.Boxes) text += "\n" + shown.Box.Text;
+    return text + "\nselected " + std::to_string(lvCncProgram.Selected);
+}
+
+} // namespace
+
+TEST_F(Window, EveryControlHasItsNames)
+{
+    frmMain.ForEach([&](Control& control) {
+        SCOPED_TRACE(FullName(control));
+        // A tip says more than the name of the record.
+        EXPECT_NE(TipOf(control), FullName(control));
+        if (control.Is == Kind::Menu) return;
+        QWidget* const widget = WidgetOf(control);
+        ASSERT_NE(widget, nullptr);
+        EXPECT_EQ(widget->objectName().toStdString(), FullName(control));
+        EXPECT_FALSE(widget->accessibleName().isEmpty());
+        EXPECT_FALSE(widget->toolTip().isEmpty());
+    });
+    for (const QWidget* window : {static_cast<QWidget*>(Main.get()), static_cast<QWidget*>(Find.get())}) {
+        for (const QWidget* widget : window->findChildren<QWidget*>()) {
+            const bool input = qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+                               qobject_cast<const QLineEdit*>(widget) != nullptr;
+            // Parts of the toolkit's own widgets are called "qt_...".
+            const QString name = widget->objectName();
+            const bool own =
+                !name.startsWith("qt_") && qobject_cast<QMenuBar*>(widget->parent()) == nullptr &&
+                !widget->parent()->inherits("QComboBox") && !widget->parent()->inherits("QTableView");
+            if (input && own) EXPECT_FALSE(widget->accessibleName().isEmpty()) << name.toStdString();
+        }
+    }
+}
+
+TEST_F(Window, TextBoxesEditAsTheirTwinsDo)
+{
+    for (const TextBoxCase& c : TextBoxCases) {
+        SCOPED_TRACE(c.Name);
+        Control& box = c.Notes ? frmMain.txtFileNotes : frmMain.txtComment;
+        Events.Run([&] {
+            SetFocus(box);
+            box.Text = c.Text;
+            box.SelStart = c.SelStart;
+            box.SelLength = c.SelLength;
+        });
+        SendKeys(c.Keys);
+        Events.Run([] {}); // takes the caret in
+        EXPECT_EQ(box.Text, c.Expected);
+        EXPECT_EQ(box.SelStart, c.ExpectedStart);
+        Events.Run([] { SetFocus(frmMain.lvCncProgram); });
+    }
+}
+
+TEST_F(Window, KeysDoTheSameInWidgetsAndWithout)
+{
+    struct Case {
+        const char* Name;
+        MachineKind Machine;
+        const char* Keys;
+    };
+    const Case cases[] = {
+        {"a lathe's program on the keypad alone", MachineKind::MK4,
+         "92{ENTER}3000.1000.{ENTER}m03{ENTER}{ENTER}g00 2000+100 100 "
+         "first{ENTER}84{ENTER}1800{ENTER}-1500{ENTER}"
+         "a{ENTER}{ENTER}m30{ENTER}{ENTER}"},
+        {"refused values and unknown codes", MachineKind::MK4,
+         "12{ENTER}1{ENTER}7000{ENTER}{ENTER}9*{ENTER}600{ENTER}b"},
+        {"the lathe without M codes", MachineKind::MK2,
+         "m00{ENTER}1000{ENTER}-5{ENTER}{ENTER}2{ENTER}900{ENTER}{ENTER}22 {ENTER}"},
+        {"the mill, with a boring depth proposed", MachineKind::F1,
+         "m06{ENTER}500{ENTER}1500{ENTER}{ENTER}1{ENTER}{ENTER}g81{ENTER}-800{ENTER}b{ENTER}83{ENTER}{ENTER}{"
+         "ENTER}{ENTER}"},
+        {"lines opened, changed, inserted and deleted", MachineKind::MK4,
+         "00{ENTER}100{ENTER}200{ENTER}{ENTER}25{ENTER}7{ENTER}{ENTER}{ESC}{UP}{UP}{ENTER}01{ENTER}{RIGHT}{"
+         "LEFT}5{ENTER}{ENTER}"
+         "{ENTER}x{ENTER}{ESC}{INSERT}{UP}{DELETE}"},
+        {"a run in steps", MachineKind::MK4,
+         "90{ENTER}{ENTER}00{ENTER}100{ENTER}50{ENTER}{ENTER}{ALT-R}{ALT-S}{ALT-S}"},
+        {"focus in a circle, help and find", MachineKind::F1,
+         "01{TAB}5{TAB}{TAB}{TAB}{TAB}{TAB}{SHIFT-TAB}c{ENTER}{F1}{F1}{CTRL-F}01{ENTER}{F2}{CTRL-G}{ESC}"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.Name);
+        Open(c.Machine);
+        SendKeys(c.Keys);
+        const std::string typed = StateText();
+        Desk = {};
+        Events.Run([&] {
+            ResetState();
+            StartNew(c.Machine, true, false);
+        });
+        EXPECT_FALSE(RunKeyScript(c.Keys));
+        EXPECT_EQ(typed, StateText());
+    }
+}
+
+TEST_F(Window, TheFirstKeysGoToTheCodeBox)
+{
+    EXPECT_EQ(QApplication::focusWidget(), WidgetOf(frmMain.txtGMcode));
+}
+
+TEST_F(Window, ClicksReachTheEngine)
+{
+    SendKeys("00{ENTER}100{ENTER}50{ENTER}{ENTER}01{ENTER}7000");
+    // A refused value keeps the cursor; the click comes to nothing.
+    Click(frmMain.txtComment);
+    EXPECT_TRUE(HasFocus(frmMain.txtXI));
+    EXPECT_EQ(QApplication::focusWidget(), WidgetOf(frmMain.txtXI));
+    SendKeys("700");
+    Click(frmMain.txtZK);
+    EXPECT_EQ(frmMain.txtXI.Text, "700");
+    EXPECT_EQ(QApplication::focusWidget(), WidgetOf(frmMain.txtZK));
+
+    Click(frmMain.chkViewToolPos);
+    EXPECT_EQ(frmMain.chkViewToolPos.Value, 1);
+    auto* const list = Events.Widgets.As<ProgramListView>(frmMain.lvCncProgram);
+    EXPECT_FALSE(list->isColumnHidden(static_cast<int>(CellToolX)));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualRect(list->model()->index(0, CellX)).center());
+    EXPECT_EQ(lvCncProgram.Selected, 1);
+    EXPECT_TRUE(HasFocus(frmMain.txtGMcode));
+
+    Click(frmMain.cmdTopButtons[5]);
+    EXPECT_TRUE(WidgetOf(frmMain.picZXaxes)->isVisible());
+    Click(frmMain.picZXaxes);
+    EXPECT_FALSE(WidgetOf(frmMain.picZXaxes)->isVisible());
+}
+
+TEST_F(Window, TabsAreWalkedInsideTheSettings)
+{
+    Click(frmMain.cmdTopButtons[4]);
+    EXPECT_TRUE(HasFocus(frmMain.tabSettings));
+    SendKeys("{RIGHT}{TAB}");
+    EXPECT_TRUE(HasFocus(frmMain.optSettingsMm));
+    SendKeys("{TAB} ");
+    EXPECT_EQ(frmMain.optSettingsInch.Value, 1);
+    EXPECT_FALSE(Shared.Metric);
+    // The disabled frame of the mill and the other tabs are passed over.
+    SendKeys("{TAB}");
+    EXPECT_TRUE(HasFocus(frmMain.tabSettings));
+    SendKeys("{ESC}");
+    EXPECT_TRUE(HasFocus(frmMain.lvCncProgram));
+}
+
+TEST_F(Window, NothingIsCutOffInTheSmallestWindow)
+{
+    for (const MachineKind machine : {MachineKind::MK2, MachineKind::MK4, MachineKind::F1}) {
+        Open(machine, {787, 581});
+        Events.Run([] {
+            frmMain.lblPPMachineTime.Text = "00:00:00";
+            frmMain.lblPPLinesExe.Text = "32767";
+        });
+        QApplication::processEvents();
+        frmMain.ForEach([&](Control& control) {
+            const QWidget* const widget = control.Is == Kind::Menu ? nullptr : WidgetOf(control);
+            if (widget == nullptr || !widget->isVisible() || &control == &frmMain.lblPath) return;
+            int needed = 0;
+            const QString text = QString::fromStdString(AccessibleName(control));
+            if (control.Is == Kind::Label) needed = widget->sizeHint().width();
+            if (control.Is == Kind::CheckBox) needed = widget->minimumSizeHint().width();
+            if (control.Is == Kind::Button)
+                needed = widget->fontMetrics()
+                             .size(Qt::TextShowMnemonic, QString::fromStdString(control.Text))
+                             .width() +
+                         4;
+            EXPECT_LE(needed, widget->width()) << FullName(control);
+            const QRect inWindow(widget->mapTo(Main.get(), QPoint()), widget->size());
+            EXPECT_TRUE(Main->rect().contains(inWindow)) << FullName(control);
+        });
+    }
+}
+
+TEST_F(Window, AFileDroppedIsOpenedAndRemembered)
+{
+    Folder folder;
+    const std::string path =
+        folder.Put("a&b.cnc", BytesOf(std::string(EXAMPLES_DIR) + "/mk2-stepped-pin.cnc"));
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(Main.get(), &drop);
+    QTest::qWait(10);
+    EXPECT_EQ(frmMain.lblPath.Text, path);
+    EXPECT_EQ(Shared.Machine, MachineKind::MK2);
+    EXPECT_EQ(frmMain.mnuRecentFile[0].Text, "&1  a&&b.cnc");
+    // The next dialog begins where the file lies.
+    Click(frmMain.cmdTopButtons[0]);
+    ASSERT_EQ(Desk.Dialogs.size(), 1u);
+    EXPECT_EQ(Desk.Dialogs[0].Folder, path.substr(0, path.rfind('/')));
+}
+
+TEST_F(Window, ALongProgramFollowsItsVersion)
+{
+    std::string text = "%\n    N` G`   X `    Z `  F`  H \n";
+    for (int i = 0; i < 5000; ++i) text += "    00 21                      \n";
+    Load(text + "   M\n");
+    Events.Run([] { SelectRow(4000); });
+    auto* const list = Events.Widgets.As<ProgramListView>(frmMain.lvCncProgram);
+    EXPECT_EQ(list->model()->rowCount(), lvCncProgram.RowCount());
+    EXPECT_TRUE(list->viewport()->rect().intersects(list->visualRect(list->model()->index(3999, CellN))));
+}
+
+TEST_F(Window, AWindowThatIsTooSmallComesBack)
+{
+    Main->setMinimumSize(0, 0);
+    Main->resize(600, 400);
+    Events.Run(tmr1sec_Timer);
+    EXPECT_GE(Main->width(), 786);
+    EXPECT_GE(Main->height(), 581);
+}
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
