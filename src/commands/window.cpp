@@ -43,6 +43,7 @@ bool TogglePage(Control& page)
     ControlsEnable(false);
     frmMain.mnuHelp.Enabled = true;
     HidePages();
+    HideAxesPictures();
     frmMain.cmdReturn.Visible = true;
     page.Visible = true;
     return true;
