@@ -10,8 +10,8 @@ void ArrangeControls();
 /// Shows the frame with its upper right corner about here, where its close button then is.
 void ShowControlsAt(double x, double y);
 
-/// The mouse is pressed on the frame: a measurement is given up and the frame begins to be dragged. False, and
-/// nothing, while a walk runs.
+/// The mouse is pressed on the frame: a measurement is given up and the frame begins to be dragged. False,
+/// and nothing, while a walk runs.
 bool frControls_MouseDown(float x, float y);
 void frControls_DragOver();
 /// The frame is dropped with the pointer here.

@@ -13,8 +13,8 @@
 /// The pointer moved over the canvas: coordinates, and a running measurement, in the title and in frMeasure.
 void frmDraw_MouseMove(double x, double y);
 
-/// A click in the canvas: releases a "cmdWAIT"; brings frControls back; sets the zero point; or sets the first
-/// point of a measurement, the second, and ends it.
+/// A click in the canvas: releases a "cmdWAIT"; brings frControls back; sets the zero point; or sets the
+/// first point of a measurement, the second, and ends it.
 void frmDraw_MouseDown(double x, double y);
 
 /// Draws the mark of a point, inverting: drawn again it is gone. The point is what the next readout measures

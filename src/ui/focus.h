@@ -38,8 +38,8 @@ void FocusPreviousStop();
 /// cursor on to the first of them.
 bool IsMovingOn();
 
-/// A focused control that was hidden or disabled loses the focus without its LostFocus; in the main window the
-/// list takes it. Runs when an event is over.
+/// A focused control that was hidden or disabled loses the focus without its LostFocus; in the main window
+/// the list takes it. Runs when an event is over.
 void MendFocus();
 /// The same for one control's window at once.
 void DropFocus(Control& of);
