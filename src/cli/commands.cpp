@@ -131,7 +131,7 @@ Outcome TypeKeys(const LoadOptions& options, const std::string& file, const std:
                  bool withColor)
 {
     const TemporaryFolder user;
-    BeginProgram(options, user.Path);
+    if (const auto why = BeginProgram(options, user.Path)) return Failed(*why);
     if (!file.empty()) {
         if (const auto why = LoadInto(file)) return Failed(file + ": " + *why);
     }

@@ -34,13 +34,19 @@ void AddLoadOptions(CLI::App& command, LoadOptions& options)
 {
     command.add_option("--machine", options.Machine, "machine in force before the load")
         ->check(CLI::IsMember({"MK2", "MK4", "F1"}))
-        ->capture_default_str();
+        ->default_str("MK4");
     command.add_option("--units", options.Units, "units in force before the load")
         ->check(CLI::IsMember({"mm", "inch"}))
-        ->capture_default_str();
+        ->default_str("mm");
     command.add_option("--orientation", options.Orientation, "spindle of the F1 before the load")
         ->check(CLI::IsMember({"vertical", "horizontal"}))
-        ->capture_default_str();
+        ->default_str("vertical");
+    command
+        .add_option("--settings", options.Settings,
+                    "folder in the place of the user's, to start from its settings")
+        ->check(CLI::ExistingDirectory)
+        ->type_name("DIR");
+    command.add_option("--language", options.Language, "language module to load first")->type_name("FILE");
     command.add_option("--view", options.View, "boxes of the View frame: gcode,toolpos,properties,time")
         ->delimiter(',')
         ->allow_extra_args(false)

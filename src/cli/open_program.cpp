@@ -2,11 +2,14 @@
 
 #include "commands/load.h"
 #include "commands/session.h"
+#include "commands/settings.h"
 #include "core/main_window.h"
 #include "core/profile.h"
 #include "drawing/drawing_state.h"
+#include "files/reader.h"
 #include "platform/files.h"
 #include "ui/choice.h"
+#include "ui/profile_controls.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -26,6 +29,18 @@ void CheckViews(const std::vector<std::string>& names)
     }
 }
 
+/// Loads a language module. Returns why the file is none.
+std::optional<std::string> LoadLanguage(const std::string& file)
+{
+    const std::string path = AbsolutePath(file);
+    std::string bytes;
+    if (const auto failure = ReadWholeFile(path, bytes)) return file + ": " + failure->Reason;
+    if (KindOfFile(bytes) != FileKind::Language) return file + ": this is no language module";
+    LoadLanguageModule(path);
+    AfterEvent();
+    return std::nullopt;
+}
+
 } // namespace
 
 std::string AbsolutePath(const std::string& file)
@@ -36,18 +51,30 @@ std::string AbsolutePath(const std::string& file)
     return failed ? path.string() : (folder / path.filename()).string();
 }
 
-void BeginProgram(const LoadOptions& options, const std::string& dataFolder)
+std::optional<std::string> BeginProgram(const LoadOptions& options, const std::string& dataFolder)
 {
     Console = {};
     Console.DataFolder = dataFolder;
+    Console.OtherFolder = options.Settings;
     ThePlatform = &Console;
     ResetState();
     Drawing.PausesTakeTime = false;
     Drawing.YieldAfter = 0;
     MachineKind machine = MachineKind::MK4;
-    MachineOfName(options.Machine, machine);
-    StartNew(machine, options.Units == "mm", options.Orientation == "horizontal");
+    const bool named = MachineOfName(options.Machine, machine);
+    if (options.Settings.empty()) {
+        StartNew(machine, options.Units != "inch", options.Orientation == "horizontal");
+    } else {
+        StartProgram(std::nullopt);
+        if (named && machine != Shared.Machine) Choose(OptionOfMachine(machine));
+        if (!options.Orientation.empty()) Shared.Horizontal = options.Orientation == "horizontal";
+        if (!options.Units.empty() || !options.Orientation.empty()) {
+            SetUnits(options.Units.empty() ? Shared.Metric : options.Units == "mm");
+            Shared.Changed = false;
+        }
+    }
     CheckViews(options.View);
+    return options.Language.empty() ? std::nullopt : LoadLanguage(options.Language);
 }
 
 std::optional<std::string> LoadInto(const std::string& file)
@@ -67,7 +94,7 @@ std::optional<std::string> LoadInto(const std::string& file)
 
 std::optional<std::string> OpenProgram(const LoadOptions& options, const std::string& file)
 {
-    BeginProgram(options);
+    if (const auto why = BeginProgram(options)) return why;
     return LoadInto(file);
 }
 

@@ -11,9 +11,12 @@
 
 /// What is in force before a load. A file that says otherwise wins.
 struct LoadOptions {
-    std::string Machine = "MK4";
-    std::string Units = "mm";
-    std::string Orientation = "vertical";
+    /// "" for what a new program has: MK4, mm, vertical, or what the settings say.
+    std::string Machine, Units, Orientation;
+    /// The folder of the settings to start from, "" for none.
+    std::string Settings;
+    /// A language module to load first, "" for none.
+    std::string Language;
     /// Boxes of the View frame that are checked: gcode, toolpos, properties, time.
     std::vector<std::string> View;
 };
@@ -27,8 +30,9 @@ extern ScriptedPlatform Console;
 /// The file's path from the root on; links in its folders are followed, the file itself may be one.
 std::string AbsolutePath(const std::string& file);
 
-/// Starts anew with an empty program. The user's data lies in dataFolder; "" for a run that has none.
-void BeginProgram(const LoadOptions& options, const std::string& dataFolder = "");
+/// Starts anew with an empty program, or as the settings say. The user's data lies in dataFolder; "" for a
+/// run that has none. Returns why the language module could not be loaded.
+std::optional<std::string> BeginProgram(const LoadOptions& options, const std::string& dataFolder = "");
 
 /// Loads the file into the program that was begun. Returns why that failed.
 std::optional<std::string> LoadInto(const std::string& file);

@@ -3,6 +3,7 @@
 #include "commands/program.h"
 #include "commands/recent_files.h"
 #include "commands/save.h"
+#include "commands/settings.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/messages.h"
@@ -88,7 +89,7 @@ void LoadFile(const std::string& path)
         return;
     }
     switch (KindOfFile(bytes)) {
-    case FileKind::Language: return; // no language modules yet
+    case FileKind::Language: LoadLanguageModule(chosen); return;
     case FileKind::Unknown:
         // A translation brings no blank of its own in front.
         RefuseFile(chosen, std::string(TextOr(Messages::NotEmcoFile.Default,

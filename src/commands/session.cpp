@@ -5,6 +5,7 @@
 #include "commands/program.h"
 #include "commands/recent_files.h"
 #include "commands/save.h"
+#include "commands/settings.h"
 #include "commands/window.h"
 #include "core/app_data.h"
 #include "core/draw_window.h"
@@ -12,6 +13,7 @@
 #include "core/main_window.h"
 #include "core/messages.h"
 #include "core/program_list.h"
+#include "drawing/draw_controls.h"
 #include "drawing/walk.h"
 #include "editor/activation.h"
 #include "editor/code_box.h"
@@ -81,6 +83,9 @@ constexpr Event Events[] = {
     {&W::chkViewGcode, {chkViewGcode_Click}},
     {&W::chkViewFileNotes, {ControlsPositioning}},
     {&W::chkSettingsAutowidth, {chkSettingsAutowidth_Click}},
+    {&W::cmdResetAll, {mnuReset_Click}},
+    {&W::cboFontName, {nullptr, nullptr, nullptr, cboFontName_LostFocus}},
+    {&W::cboFontSize, {nullptr, nullptr, nullptr, cboFontSize_LostFocus}},
     {&W::optSettingsMK2, {optSettingsMK2_Click}},
     {&W::optSettingsMK4, {optSettingsMK4_Click}},
     {&W::optSettingsF1CNC, {optSettingsF1CNC_Click}},
@@ -106,6 +111,7 @@ constexpr Event Events[] = {
     {&W::mnuDraw, {mnuDraw_Click}},
     {&W::mnuExit, {mnuExit_Click}},
     {&W::mnuSettingsShow, {mnuSettingsShow_Click}},
+    {&W::mnuReset, {mnuReset_Click}},
     {&W::mnuMMtoINCH, {mnuMMtoINCH_click}},
     {&W::mnuINCHtoMM, {mnuINCHtoMM_click}},
     {&W::mnuCalculator, {mnuCalculator_Click}},
@@ -165,28 +171,54 @@ void FillFonts()
         frmMain.cboFontName.Index = static_cast<int>(i);
         frmMain.cboFontName.Text = fonts[i];
     }
+    Shared.FontName = frmMain.cboFontName.Text;
     frmMain.cboFontSize.Index = 1;
     frmMain.cboFontSize.Text = frmMain.cboFontSize.Items[1];
 }
 
 } // namespace
 
-void StartNew(MachineKind machine, bool metric, bool horizontal)
+namespace {
+
+/// What every start begins with: the user's folder, the fonts, the drawing's window in its hidden state.
+void BeginStart()
 {
     if (const std::string folder = AppDataPath(); !folder.empty()) {
         if (const auto failure = MakeFolders(folder)) NoteFailure(failure->Number, "Form_Load");
     }
     if (const std::string left = AppDataPath() + "/Transmit.txt"; FileExists(left)) RemoveFile(left);
     FillFonts();
+    frmDraw_Load();
+}
+
+void FinishStart()
+{
+    FitSmallScreen();
+    Form_Activate();
+    SetFocus(frmMain.txtGMcode);
+    AfterEvent();
+}
+
+} // namespace
+
+void StartNew(MachineKind machine, bool metric, bool horizontal)
+{
+    BeginStart();
     Shared.Machine = machine;
     Shared.Metric = metric;
     Shared.Horizontal = horizontal;
     mnuNew_Click();
     ClampFeeds();
-    FitSmallScreen();
-    Form_Activate();
-    SetFocus(frmMain.txtGMcode);
-    AfterEvent();
+    FinishStart();
+}
+
+void StartProgram(const std::optional<std::string>& argument)
+{
+    BeginStart();
+    Shared.Metric = false;
+    LoadSettings(argument);
+    ControlsPositioning();
+    FinishStart();
 }
 
 void AfterEvent()

@@ -4,11 +4,14 @@
 #include "commands/load.h"
 #include "commands/program.h"
 #include "commands/save.h"
+#include "commands/settings.h"
 #include "core/app_data.h"
 #include "core/main_window.h"
 #include "core/messages.h"
+#include "core/numbers.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
+#include "core/text.h"
 #include "drawing/draw_controls.h"
 #include "editor/feeds.h"
 #include "editor/run.h"
@@ -124,6 +127,16 @@ void mnuCalculator_Click()
     if (!ThePlatform->Launch(calculators)) ShowMessage("No calculator was found", "", Icon::Exclamation);
 }
 
+void cboFontName_LostFocus(Control& box)
+{
+    if (!IsBlank(box.Text)) Shared.FontName = Trimmed(box.Text);
+}
+
+void cboFontSize_LostFocus(Control& box)
+{
+    if (Val(box.Text) > 0) Shared.FontSize = Trimmed(box.Text);
+}
+
 void lblSettingsIncrColor_Click()
 {
     ChooseColor(Shared.IncrColor);
@@ -150,6 +163,7 @@ void mnuExit_Click()
     }
     // A walk that waits is abandoned with the program.
     ResetInterpreter();
+    SaveSettings();
     frmDraw_Close();
     Shared.RunMode = Shared.RunLocked = false;
     Shared.Ended = true;

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "core/control.h"
+
 /// Help pages: each locks the window but for the Help menu; called again it closes its page.
 void mnuHelpText_Click();
 void mnuGhelp_Click();
@@ -18,6 +20,9 @@ void AxesPicture_Click();
 /// Starts a desktop calculator, or says that there is none.
 void mnuCalculator_Click();
 
+/// A text that stands in the box becomes the printer's font, its size in points.
+void cboFontName_LostFocus(Control& box);
+void cboFontSize_LostFocus(Control& box);
 void lblSettingsIncrColor_Click();
 void lblSettingsAbsColor_Click();
 

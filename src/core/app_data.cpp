@@ -6,6 +6,7 @@
 
 std::string AppDataPath()
 {
+    if (const std::string folder = ThePlatform->SettingsFolder(); !folder.empty()) return folder;
     const std::string root = ThePlatform->LocalDataFolder();
     if (root.empty()) return "";
     std::string digits = ProductVersion;

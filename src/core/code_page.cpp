@@ -81,3 +81,13 @@ std::string ToCodePage(std::string_view text)
     while (!text.empty()) bytes += ByteOf(TakeCharacter(text));
     return bytes;
 }
+
+bool IsUtf8(std::string_view text)
+{
+    constexpr std::string_view Replacement = "\xEF\xBF\xBD";
+    while (!text.empty()) {
+        const bool replacement = text.starts_with(Replacement);
+        if (TakeCharacter(text) == 0xFFFD && !replacement) return false;
+    }
+    return true;
+}

@@ -11,6 +11,9 @@
 /// 8-bit text to UTF-8. Any bytes are valid.
 std::string FromCodePage(std::string_view bytes);
 
+/// Whether a text is valid UTF-8.
+bool IsUtf8(std::string_view text);
+
 /// UTF-8 to 8-bit text. A character that the code page lacks, and a byte that is no valid UTF-8,
 /// becomes "?".
 std::string ToCodePage(std::string_view text);

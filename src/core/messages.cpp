@@ -13,3 +13,9 @@ std::string TextOf(const Message& message)
 {
     return std::string(TextOr(message.Default, (Translated.*message.Table)[message.Index]));
 }
+
+std::string Tr(std::string_view english)
+{
+    const auto found = Translated.Own.find(english);
+    return std::string(found == Translated.Own.end() ? english : TextOr(english, found->second));
+}

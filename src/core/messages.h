@@ -6,6 +6,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,8 @@ struct TranslatedTables {
     /// Captions and texts of the drawing window.
     TextTable DrawViewTable, DrawButtonTable, DrawRunTable, DrawScaleTable;
     TextTable DrawWindowTable, DrawErrorTable, DrawMessageTable;
+    /// Texts of this program alone, by their English form.
+    std::map<std::string, std::string, std::less<>> Own;
 };
 extern TranslatedTables Translated;
 
@@ -33,6 +36,9 @@ struct Message {
     std::string_view Default;
 };
 std::string TextOf(const Message& message);
+
+/// A text that stands in no table, in the language in force: a file's or a port's fault, progress, a tip.
+std::string Tr(std::string_view english);
 
 namespace Messages {
 using T = TranslatedTables;

@@ -5,8 +5,13 @@
 #include "core/shared_state.h"
 #include "drawing/drawing_state.h"
 #include "drawing/measure.h"
+#include "drawing/program_window.h"
 #include "drawing/view.h"
 #include "drawing/walk.h"
+#include "settings/draw_settings.h"
+#include "settings/language.h"
+#include "settings/user_files.h"
+#include "settings/window_place.h"
 #include "ui/choice.h"
 
 #include <algorithm>
@@ -134,18 +139,44 @@ void ShowDrawBoxes()
     if (IsMill() && frmDraw.chkToolWidth.Value == 0) SetCheck(frmDraw.chkToolCenter, true);
 }
 
+namespace {
+
+/// Boxes and places of the windows as they were left; without a file the window is in the middle.
+void LoadSettings()
+{
+    Control& window = frmDraw.Window;
+    if (!HasUserFile(DrawSettingsFile)) {
+        window.Left = (Shared.Screen.Width - window.Width) / 2;
+        window.Top = (Shared.Screen.Height - window.Height) / 2;
+        return;
+    }
+    const std::string bytes = ReadUserFile(DrawSettingsFile);
+    const DrawSettings settings = ReadDrawSettings(bytes);
+    if (settings.IsDamaged) KeepDamaged(DrawSettingsFile, bytes);
+    Shared.DrawBoxes = settings.Boxes;
+    if (settings.DrawWindow && !Drawing.Maximized) PlaceWindow(window, DrawWindowPlace(*settings.DrawWindow));
+    if (settings.ProgramWindow)
+        PlaceWindow(frmProgramWindow.Window, ProgramWindowPlace(*settings.ProgramWindow));
+    frmProgramWindow_Resize();
+}
+
+void SaveSettings()
+{
+    const DrawSettings settings{Shared.DrawBoxes, PlaceOf(frmDraw.Window), PlaceOf(frmProgramWindow.Window),
+                                frmProgramWindow.Window.Visible};
+    WriteUserFile(DrawSettingsFile, DrawSettingsText(settings));
+}
+
+} // namespace
+
 void frmDraw_Load()
 {
     constexpr int SmallWidth = 12000, SmallHeight = 9000;
     const Screen& screen = Shared.Screen;
     Control& window = frmDraw.Window;
     Drawing.Maximized = screen.Width <= SmallWidth && screen.Height <= SmallHeight;
-    if (Drawing.Maximized) {
-        window.Width = screen.Width;
-        window.Height = screen.WorkHeight;
-    }
-    window.Left = (screen.Width - window.Width) / 2;
-    window.Top = Drawing.Maximized ? 0 : (screen.Height - window.Height) / 2;
+    LoadSettings();
+    if (Drawing.Maximized) PlaceWindow(window, {screen.WorkHeight, 0, 0, screen.Width});
     Drawing.ZeroPointX = screen.Width / 2.0;
     Drawing.ZeroPointY = screen.Height / 2.0;
     Drawing.Canvas->Reset();
@@ -158,6 +189,7 @@ void frmDraw_Activate()
     Shared.ErrorsPresent = false;
     // What the boxes set off is drawn together with the rest.
     Drawing.ListsBusy = true;
+    ShowDrawCaptions();
     ShowDrawBoxes();
     Drawing.ListsBusy = false;
     if (Shared.AutoFitPending) {
@@ -178,6 +210,7 @@ void frmDraw_Resize()
 void frmDraw_Close()
 {
     EndDrawing();
+    if (frmDraw.Window.Visible) SaveSettings();
     frmDraw.Window.Visible = frmProgramWindow.Window.Visible = Drawing.ProgramWindowLoaded = false;
 }
 

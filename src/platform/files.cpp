@@ -11,6 +11,7 @@
 #include <climits>
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
 #include <iterator>
 #include <new>
 #include <unistd.h>
@@ -427,6 +428,20 @@ bool FileExists(const std::string& path)
 {
     struct stat info = {};
     return Usable(path) && Retried(Calls.Stat, path.c_str(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
+std::string FindFile(const std::string& folder, const std::string& name)
+{
+    const std::string path = folder + "/" + name;
+    if (FileExists(path)) return path;
+    const auto sameLetter = [](char a, char b) { return (a | 0x20) == (b | 0x20); };
+    std::error_code failed;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, failed)) {
+        const std::string found = entry.path().filename().string();
+        if (std::equal(found.begin(), found.end(), name.begin(), name.end(), sameLetter))
+            return entry.path().string();
+    }
+    return path;
 }
 
 bool RemoveFile(const std::string& path)

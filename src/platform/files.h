@@ -89,6 +89,9 @@ std::optional<FileFailure> MakeFolders(const std::string& path);
 /// False also where that can't be found out, as in a folder that may not be searched.
 bool FileExists(const std::string& path);
 
+/// The path of a file in a folder, by its name in any case; folder and name as given when there is none.
+std::string FindFile(const std::string& folder, const std::string& name);
+
 /// Removes a file; of a link the link, not its target. True when that was done, so false for one that
 /// was missing. Never removes a folder.
 bool RemoveFile(const std::string& path);

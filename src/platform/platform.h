@@ -58,6 +58,9 @@ public:
     /// The user's folder for application data without a separator at its end, "" for none.
     virtual std::string LocalDataFolder() = 0;
 
+    /// A folder that takes the place of the user's own, "" for none.
+    virtual std::string SettingsFolder() { return ""; }
+
     /// The folder of the running program without a separator at its end.
     virtual std::string ProgramFolder() = 0;
 

@@ -37,7 +37,7 @@ public:
     std::vector<std::string> Launched;
 
     DateTime Clock{2026, 1, 2, 3, 4, 5};
-    std::string DataFolder;
+    std::string DataFolder, OtherFolder;
 
     Answer Show(const MessageBox& box) override;
     std::optional<std::string> AskForFile(const FileDialog& dialog) override;
@@ -45,6 +45,7 @@ public:
     std::optional<int> AskForColor(int present) override;
     DateTime Now() override { return Clock; }
     std::string LocalDataFolder() override { return DataFolder; }
+    std::string SettingsFolder() override { return OtherFolder; }
     std::string ProgramFolder() override;
     std::vector<std::string> PrinterFonts() override
     {

@@ -32,23 +32,13 @@ constexpr UnitsRow UnitsTable[] = {
     {false, false, false, "1/1000 \"", &MainWindow::optSettingsInch},
 };
 
-Control& OptionOf(MachineKind machine)
-{
-    switch (machine) {
-    case MachineKind::MK2: return frmMain.optSettingsMK2;
-    case MachineKind::MK4: return frmMain.optSettingsMK4;
-    case MachineKind::F1: break;
-    }
-    return frmMain.optSettingsF1CNC;
-}
-
 /// Frames, lists and buttons that only some machines use.
 void ApplyProfileToControls()
 {
     const MachineKind machine = Shared.Machine;
     const bool mill = machine == MachineKind::F1;
     Shared.PositioningControls = true;
-    Choose(OptionOf(machine));
+    Choose(OptionOfMachine(machine));
     Shared.PositioningControls = false;
 
     frmMain.lstMK2Gcodes.Visible = frmMain.lstMK2Mcodes.Visible = machine == MachineKind::MK2;
@@ -175,6 +165,16 @@ void ShowPaths()
 
 } // namespace
 
+Control& OptionOfMachine(MachineKind machine)
+{
+    switch (machine) {
+    case MachineKind::MK2: return frmMain.optSettingsMK2;
+    case MachineKind::MK4: return frmMain.optSettingsMK4;
+    case MachineKind::F1: break;
+    }
+    return frmMain.optSettingsF1CNC;
+}
+
 void ShowLineColors()
 {
     frmMain.lblSettingsIncrColor.Back = static_cast<int>(Shared.IncrColor);
@@ -241,5 +241,5 @@ void MakeFormCaption()
 {
     const std::string gap(20, ' ');
     frmMain.Window.Text = std::string(ProductName) + "  " + ProductVersion + gap +
-                          OptionOf(Shared.Machine).Text + gap + FileNameOf(frmMain.lblPath.Text);
+                          OptionOfMachine(Shared.Machine).Text + gap + FileNameOf(frmMain.lblPath.Text);
 }

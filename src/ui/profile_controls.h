@@ -2,6 +2,12 @@
 
 #pragma once
 
+#include "core/control.h"
+#include "core/shared_state.h"
+
+/// The option of the Machine tab that stands for a machine.
+Control& OptionOfMachine(MachineKind machine);
+
 /// Arranges all that depends on the machine: titles, columns, enabled frames, then the units.
 void ApplyMachine();
 

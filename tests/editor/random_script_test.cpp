@@ -64,6 +64,28 @@ const std::vector<std::pair<int, Script>> Vocabulary = {
     {2,
      {"{ANSWER No}", "{ANSWER Cancel}", "{RESIZE frmMain 12000 9000}", "{RESIZE frmMain 16000 9000}",
       "{MAXIMIZE frmMain}", "{RESTORE frmMain}", "{MINIMIZE frmMain}"}},
+    {3,
+     {"{MENU mnuDraw}",
+      "{PICK frmDraw.cboRun 1}",
+      "{PICK frmDraw.cboRun 2}",
+      "{PICK frmDraw.cboRun 3}",
+      "{CLICK frmDraw.cmdStep}",
+      "{CLICK frmDraw.cmdAbort}",
+      "{CANVAS 3000 3000}",
+      "{MOVE 4000 2000}",
+      "{CHECK frmDraw.chkAutoRedraw}",
+      "{CHECK frmDraw.chkProgramWindow}",
+      "{CHECK frmDraw.chkToolWidth}",
+      "{CLICK frmDraw.cmdZeroPoint}",
+      "{CLICK frmDraw.cmdAutoFit}",
+      "{CLICK frmDraw.cmdCloseControls}",
+      "{DRAG frControls 2000 2000}",
+      "{RESIZE frmDraw 8000 7000}",
+      "{CLOSE frmDraw}",
+      "{PAUSES ON}",
+      "{TICK Timer1}",
+      "{ACTIVATE frmMain}",
+      "{CLOSE frmProgramWindow}"}},
 };
 
 std::string RandomItem(std::mt19937& random)
@@ -110,7 +132,7 @@ std::string FaultOfLog()
     for (const LogRecord& record : Log.Records) {
         const std::string& name = record.Procedure;
         const bool provoked = name == "MathString" || name == "EvalText" || name == "Interpreter" ||
-                              name == "FindCenter" || name == "Convert";
+                              name == "FindCenter" || name == "Convert" || name == "DrawThread";
         if (!provoked) return "logged " + std::to_string(record.Number) + " in " + name;
     }
     return "";
@@ -146,7 +168,8 @@ std::string FaultOf(const Script& script, const LoadOptions& start)
         const std::string before = Content();
         if (const auto misspelt = RunKeyScript(item)) return *misspelt;
         std::string fault = FaultOfState();
-        if (fault.empty() && Content() != before && !Shared.Changed && !ReplacesProgram(item)) {
+        const bool cleared = LineCount() == 0; // behind a question
+        if (fault.empty() && Content() != before && !Shared.Changed && !cleared && !ReplacesProgram(item)) {
             fault = "a change that Changed doesn't tell";
         }
         if (!fault.empty()) return fault + " (behind " + item + ")";

@@ -1,0 +1,287 @@
+#include "commands/settings.h"
+
+#include "commands/drawing.h"
+#include "commands/load.h"
+#include "commands/program.h"
+#include "commands/recent_files.h"
+#include "commands/window.h"
+#include "core/app_data.h"
+#include "core/draw_window.h"
+#include "core/failure.h"
+#include "core/main_window.h"
+#include "core/messages.h"
+#include "core/numbers.h"
+#include "core/profile.h"
+#include "core/program_list.h"
+#include "drawing/draw_controls.h"
+#include "editor/whole_program.h"
+#include "interpreter/interpreter.h"
+#include "interpreter/limits.h"
+#include "platform/files.h"
+#include "platform/platform.h"
+#include "settings/draw_settings.h"
+#include "settings/editor_settings.h"
+#include "settings/language.h"
+#include "settings/user_files.h"
+#include "settings/window_place.h"
+#include "ui/choice.h"
+#include "ui/columns.h"
+#include "ui/panes.h"
+#include "ui/profile_controls.h"
+#include "ui/redraw.h"
+
+#include <algorithm>
+#include <span>
+
+namespace {
+
+using W = MainWindow;
+using S = EditorSettings;
+
+constexpr const char* EditorFile = "Settings.edt";
+constexpr const char* EditorDefaults = "default.edt";
+constexpr const char* DrawDefaults = "Default.drw";
+
+/// Check boxes whose values are kept as they stand.
+struct BoxRow {
+    Control W::*Box;
+    int S::*Value;
+};
+constexpr BoxRow Boxes[] = {
+    {&W::chkSettingsDWC, &S::DeleteWithoutConfirm},
+    {&W::chkViewToolPos, &S::ToolPosition},
+    {&W::chkViewLineProperties, &S::LineProperties},
+    {&W::chkViewFileNotes, &S::FileNotes},
+    {&W::chkViewGcode, &S::Gcode},
+    {&W::chkViewMachineTime, &S::MachineTime},
+    {&W::chkTXxonxoff, &S::XonXoffTX},
+    {&W::chkTXdtrdsr, &S::DtrDsrTX},
+    {&W::chkTXrtscts, &S::RtsCtsTX},
+    {&W::chkTXfilter, &S::FilterTX},
+    {&W::chkRXxonxoff, &S::XonXoffRX},
+    {&W::chkRXdtrdsr, &S::DtrDsrRX},
+    {&W::chkRXrtscts, &S::RtsCtsRX},
+    {&W::chkRXfilter, &S::FilterRX},
+};
+
+/// Option groups whose captions are the values.
+struct OptionRow {
+    std::string S::*Value;
+    std::span<Control> (*Options)();
+};
+template <auto group> std::span<Control> Options()
+{
+    return frmMain.*group;
+}
+constexpr OptionRow OptionGroups[] = {
+    {&S::BaudTX, Options<&W::optBaudTX>},         {&S::ParityTX, Options<&W::optParityTX>},
+    {&S::DataBitsTX, Options<&W::optDataBitsTX>}, {&S::StopBitsTX, Options<&W::optStopBitsTX>},
+    {&S::BaudRX, Options<&W::optBaudRX>},         {&S::ParityRX, Options<&W::optParityRX>},
+    {&S::DataBitsRX, Options<&W::optDataBitsRX>}, {&S::StopBitsRX, Options<&W::optStopBitsRX>},
+};
+
+// Applying.
+
+void SelectSavedMachine(const std::string& name)
+{
+    if (name == "MK2") optSettingsMK2_Click();
+    if (name == "MK4") optSettingsMK4_Click();
+    if (name == "F1") optSettingsF1CNC_Click();
+}
+
+void ChooseByCaption(std::span<Control> options, const std::string& caption)
+{
+    for (Control& option : options) {
+        if (option.Text == caption) Choose(option);
+    }
+}
+
+void ApplyFont(const EditorSettings& values)
+{
+    const auto& fonts = frmMain.cboFontName.Items;
+    const auto known = std::find(fonts.begin(), fonts.end(), values.FontName);
+    if (known != fonts.end()) frmMain.cboFontName.Index = static_cast<int>(known - fonts.begin());
+    if (!values.FontName.empty()) Shared.FontName = frmMain.cboFontName.Text = values.FontName;
+    if (values.FontSize.empty()) return;
+    const auto& sizes = frmMain.cboFontSize.Items;
+    const auto listed = std::find(sizes.begin(), sizes.end(), values.FontSize);
+    frmMain.cboFontSize.Index = listed == sizes.end() ? -1 : static_cast<int>(listed - sizes.begin());
+    Shared.FontSize = frmMain.cboFontSize.Text = values.FontSize;
+}
+
+/// What is 0 or less gets its default; a window without a place is centred with its size.
+void ApplyGeometry(Geometry saved)
+{
+    constexpr int WidestDefault = 13800;
+    const Screen& screen = Shared.Screen;
+    if (saved.Height <= 0) saved.Height = MinHeight;
+    if (saved.Width <= 0) saved.Width = std::min(WidestDefault, screen.Width);
+    saved.Height = std::max(saved.Height, MinHeight);
+    saved.Width = std::max(saved.Width, MinWidth);
+    if (saved.Left <= 0) saved.Left = (screen.Width - saved.Width) / 2;
+    if (saved.Top <= 0) saved.Top = (screen.Height - saved.Height) / 2;
+    if (Shared.Minimized || Shared.Maximized) return;
+    PlaceWindow(frmMain.Window, OnScreen(saved, MinHeight, MinWidth));
+}
+
+void ApplyPlainSettings(const EditorSettings& values)
+{
+    Shared.LanguageFileName = values.LanguageFileName;
+    SetCheck(frmMain.chkSettingsAutowidth, values.AutoWidth);
+    frmMain.txtFeedA.Text = std::to_string(values.FeedA);
+    frmMain.txtFeedB.Text = std::to_string(values.FeedB);
+    Shared.FeedA = frmMain.txtFeedA.Text + " ";
+    Shared.FeedB = frmMain.txtFeedB.Text + " ";
+    Shared.IncrColor = static_cast<float>(values.IncrColor);
+    Shared.AbsColor = static_cast<float>(values.AbsColor);
+    for (const BoxRow& row : Boxes) SetCheck(frmMain.*row.Box, values.*row.Value != 0);
+    for (const OptionRow& row : OptionGroups) ChooseByCaption(row.Options(), values.*row.Value);
+    Shared.Port = values.Port;
+    Choose(frmMain.optPortTX[values.Port - 1]);
+    Choose(frmMain.optPortRX[values.Port - 1]);
+    Shared.SettingsTX =
+        values.BaudTX + "," + values.ParityTX + "," + values.DataBitsTX + "," + values.StopBitsTX;
+    Shared.SettingsRX =
+        values.BaudRX + "," + values.ParityRX + "," + values.DataBitsRX + "," + values.StopBitsRX;
+    Shared.ComEnabled = values.ComPortEnable;
+    SetCheck(frmMain.chkEnableCom, values.ComPortEnable);
+    frmMain.mnuTX.Enabled = frmMain.mnuRX.Enabled = values.ComPortEnable;
+    ApplyFont(values);
+    Shared.RecentFiles.clear();
+    for (const std::string& file : values.RecentFiles) {
+        if (!file.empty()) Shared.RecentFiles.push_back(file);
+    }
+    ShowRecentFiles();
+}
+
+/// The module of the user's folder wins over the one that was in use.
+void LoadModules()
+{
+    const std::string own = UserFile("Language.txt");
+    if (HasUserFile("Language.txt")) LoadLanguageModule(own);
+    if (Shared.LanguageFileName != own) LoadLanguageModule(Shared.LanguageFileName);
+}
+
+} // namespace
+
+void LoadSettings(const std::optional<std::string>& argument)
+{
+    Shared.ErrorColumnTitle = "Error in line";
+    if (!HasUserFile(EditorFile)) CopyUserFile(EditorDefaults, EditorFile);
+    if (!HasUserFile(EditorFile)) {
+        Shared.Machine = MachineKind::MK4;
+        Shared.Metric = Shared.Horizontal = false;
+        ApplyPlainSettings({});
+        ApplyGeometry({});
+        MakeFormCaption();
+        if (argument && FileExists(*argument)) LoadFile(*argument);
+        return;
+    }
+
+    const std::string bytes = ReadUserFile(EditorFile);
+    const EditorSettingsFile file = ReadEditorSettings(bytes, argument);
+    if (file.IsDamaged) KeepDamaged(EditorFile, bytes);
+    const EditorSettings& values = file.Values;
+    Shared.Horizontal = values.Horizontal;
+    SetUnits(values.Metric);
+    if (file.SelectsMachine) SelectSavedMachine(values.Machine);
+    ApplyPlainSettings(values);
+    ApplyGeometry(values.EditorWindow);
+    LoadModules();
+    if (!values.LastFileUsed.empty()) LoadFile(values.LastFileUsed);
+    // A last file that isn't recognised counts as missing.
+    if (!file.SelectsMachine && frmMain.lblPath.Text.empty()) SelectSavedMachine(values.Machine);
+    ClampFeeds();
+    if (values.DrawWindowActive) {
+        frmDraw.Window.Visible = true;
+        FollowLoad();
+    }
+}
+
+void SaveSettings()
+{
+    if (AppDataPath().empty()) return;
+    EditorSettings values;
+    values.LanguageFileName = Shared.LanguageFileName;
+    values.LastFileUsed = frmMain.lblPath.Text;
+    values.Horizontal = Shared.Horizontal;
+    values.Metric = Shared.Metric;
+    values.Machine = ActiveProfile().Name;
+    values.AutoWidth = Shared.AutoWidthOn;
+    const auto feed = [](const std::string& preset) {
+        return static_cast<int>(std::clamp(Val(preset), 2.0, Shared.Metric ? 499.0 : 199.0));
+    };
+    values.FeedA = feed(Shared.FeedA);
+    values.FeedB = feed(Shared.FeedB);
+    values.IncrColor = static_cast<int>(Shared.IncrColor);
+    values.AbsColor = static_cast<int>(Shared.AbsColor);
+    for (const BoxRow& row : Boxes) values.*row.Value = (frmMain.*row.Box).Value;
+    for (const OptionRow& row : OptionGroups) {
+        for (const Control& option : row.Options()) {
+            if (option.Value == 1) values.*row.Value = option.Text;
+        }
+    }
+    values.Port = Shared.Port;
+    values.ComPortEnable = Shared.ComEnabled;
+    values.FontName = Shared.FontName;
+    values.FontSize = Shared.FontSize;
+    values.EditorWindow = PlaceOf(frmMain.Window);
+    values.DrawWindowActive = frmDraw.Window.Visible;
+    for (size_t i = 0; i < std::min(Shared.RecentFiles.size(), values.RecentFiles.size()); ++i)
+        values.RecentFiles[i] = Shared.RecentFiles[i];
+    WriteUserFile(EditorFile, EditorSettingsText(values));
+}
+
+void LoadLanguageModule(const std::string& path)
+{
+    std::string bytes;
+    if (path.empty() || !FileExists(path)) return;
+    if (const auto failure = ReadWholeFile(path, bytes)) {
+        NoteFailure(failure->Number, "LoadLanguageModule");
+        return;
+    }
+    if (!ReadLanguageModule(bytes)) return;
+    Shared.LanguageFileName = path;
+    const bool changed = Shared.Changed;
+    if (frmMain.chkViewGcode.Value == 1) {
+        // Descriptions change their language with the lists.
+        frmMain.chkViewGcode.Value = 0;
+        chkViewGcode_Click();
+        frmMain.chkViewGcode.Value = 1;
+        chkViewGcode_Click();
+    }
+    Form_Activate();
+    MakeFormCaption();
+    MakeToolpositionColums();
+    Interpreter();
+    Shared.Changed = changed;
+    ShowDrawCaptions();
+}
+
+void mnuReset_Click()
+{
+    if (RefuseWhileBusy()) return;
+    if (LineCount() > 0 && Shared.Changed) {
+        const MessageBox box{TextOf(Messages::ClearAnyway), TextOf(Messages::Clear), Buttons::YesNo};
+        if (ThePlatform->Show(box) != Answer::Yes) return;
+    }
+    Shared.Changed = false;
+    frmDraw_Close();
+    for (const char* file : {EditorFile, DrawSettingsFile}) {
+        if (HasUserFile(file)) RemoveFile(UserFile(file));
+    }
+    CopyUserFile(EditorDefaults, EditorFile);
+    CopyUserFile(DrawDefaults, DrawSettingsFile);
+    const std::string language = Shared.LanguageFileName;
+    const MachineKind machine = Shared.Machine;
+    mnuNew_Click();
+    LoadSettings(std::nullopt);
+    Shared.DrawBoxes = {};
+    UnloadDrawing();
+    frmDraw_Load();
+    Shared.LanguageFileName = language;
+    LoadLanguageModule(language);
+    Shared.Machine = machine;
+    ApplyMachine();
+    Shared.Changed = false;
+}
