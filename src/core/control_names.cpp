@@ -186,6 +186,7 @@ constexpr NameRow Names[] = {
     {"mnuDraw", "", "Draws the tool path"},
     {"mnuPrint", "", "Prints the program"},
     {"mnuRecent", "", "The files opened or saved last"},
+    {"mnuRecentFile", "", "A file opened or saved lately"},
     {"mnuExit", "", "Leaves the program"},
     {"mnuSettings", "", "Settings of the program"},
     {"mnuSettingsShow", "", "Shows or hides the settings"},
