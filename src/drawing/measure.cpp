@@ -4,10 +4,12 @@
 #include "core/failure.h"
 #include "core/messages.h"
 #include "core/numbers.h"
+#include "core/program_list.h"
 #include "core/shared_state.h"
 #include "core/text.h"
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
+#include "drawing/line_figures.h"
 #include "drawing/view.h"
 #include "drawing/walk.h"
 #include "ui/focus.h"
@@ -186,6 +188,20 @@ void frmDraw_MouseDown(double x, double y)
         SetDrawControls(true);
     }
     Drawing.Crosshair = Drawing.MeasureStarted;
+}
+
+bool frmDraw_DblClick(double x, double y)
+{
+    constexpr double Near = 90; // 6 pixels
+    const int line = LineAt(x, y, Near);
+    if (line == 0 || line > lvCncProgram.RowCount()) return false;
+    if (Drawing.MeasureStarted && !Drawing.MeasureDone) {
+        MeasureCross(Drawing.MeasurePoints[0], Drawing.MeasurePoints[1]);
+        EndMeasure();
+        Drawing.Crosshair = false;
+    }
+    SelectRow(line);
+    return true;
 }
 
 void MeasureCross(double x, double y)

@@ -49,7 +49,10 @@ void Prepare(WalkState& walk)
 {
     DrawCanvas& canvas = *Drawing.Canvas;
     const bool first = walk.Pass == 1;
-    if (first) canvas.ClearCanvas();
+    if (first) {
+        canvas.ClearCanvas();
+        Drawing.LineStarts.clear();
+    }
     Drawing.DrawingNow = true;
     Drawing.RowsAtStart = lvCncProgram.Version;
     Drawing.ToolWidth = 1;
@@ -85,6 +88,7 @@ void Prepare(WalkState& walk)
 
 void EndWalk()
 {
+    Drawing.LineStarts.push_back({Picture.Operations().size(), 0});
     for (const auto control : Locked) (frmDraw.*control).Enabled = true;
     frmDraw.cboRun.Enabled = true;
     frmDraw.cmdAbort.Visible = frmDraw.cmdStep.Visible = false;
@@ -161,6 +165,7 @@ Task DrawProgram(bool centerLine, int pass)
         // From here on the line is read, and its cells aren't looked at again.
         if (word != DrawWord::Skip) {
             Log.Line = walk.LineIndex;
+            Drawing.LineStarts.push_back({Picture.Operations().size(), walk.LineIndex});
             ReadLine(walk);
             const LineEffect effect = DrawLineOf(walk);
             if (effect.IsPocket) {
