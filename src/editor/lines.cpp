@@ -107,6 +107,8 @@ bool WriteEntry()
 
 void LineEdit()
 {
+    // The very first start has not even the blank row: the first line that is typed makes it.
+    if (lvCncProgram.Rows.empty()) AddBlankLine(true);
     if (RefuseWhileBusy()) return;
     const bool emptyLine = frmMain.lblGMcode.Text == "G" && frmMain.txtGMcode.Text == "21";
     if (!WriteEntry()) return;
