@@ -133,8 +133,8 @@ void cmdSavePicture_Click()
         bytes = ThePicturePainter({&Picture.Operations(), CanvasWidth(), CanvasHeight(), format});
     std::string fault = bytes.empty() ? Tr("the picture could not be made") : "";
     if (fault.empty()) {
-        if (const auto failure = ReplaceFile(*chosen, bytes)) fault = failure->Reason;
+        if (const auto failure = ReplaceFile(*chosen, bytes)) fault = Tr(failure->Reason);
     }
     if (!fault.empty())
-        ShowMessage(FileNameOf(*chosen) + " " + Tr("could not be saved: ") + fault, "", Icon::Exclamation);
+        ShowMessage(Tr("%1 could not be saved: %2", {FileNameOf(*chosen), fault}), "", Icon::Exclamation);
 }

@@ -171,7 +171,9 @@ void LoadSettings(const std::optional<std::string>& argument)
     if (!HasUserFile(EditorFile)) {
         Shared.Machine = MachineKind::MK4;
         Shared.Metric = Shared.Horizontal = false;
+        SetUnits(Shared.Metric);
         ApplyPlainSettings({});
+        ClampFeeds();
         ApplyGeometry({});
         MakeFormCaption();
         if (argument && FileExists(*argument)) LoadFile(*argument);

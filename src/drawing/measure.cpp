@@ -38,10 +38,9 @@ std::string Whole(double value)
 /// A length of the program in mm or inch: "10.00 mm".
 std::string Length(double units)
 {
-    char text[64];
-    std::snprintf(text, sizeof text, Shared.Metric ? "%.2f mm" : "%.3f inch",
-                  units / (Shared.Metric ? 100 : 1000));
-    return text;
+    char number[64];
+    std::snprintf(number, sizeof number, "%.*f", Shared.Metric ? 2 : 3, units / (Shared.Metric ? 100 : 1000));
+    return Tr(Shared.Metric ? "%1 mm" : "%1 inch", {number});
 }
 
 void ShowResults(double first, double second, double distance)

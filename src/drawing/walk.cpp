@@ -106,7 +106,7 @@ void ShowInProgramWindow(int line)
     list.Index = line - 1;
     const std::string& error = lvCncProgram.Row(line)[CellError];
     if (!error.starts_with('!')) return;
-    list.Items.push_back('"' + error + "\" in line " + std::to_string(line - 1));
+    list.Items.push_back(Tr("\"%1\" in line %2", {error, std::to_string(line - 1)}));
     list.Index = static_cast<int>(list.Items.size()) - 1;
     cmdAbort_Click();
 }

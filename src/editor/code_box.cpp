@@ -18,7 +18,7 @@ namespace {
 void ShowLetterTip()
 {
     if (Shared.Machine == MachineKind::MK2) return;
-    const char* const tip = EqualsNoCase(frmMain.lblGMcode.Text, "M") ? "[-] = G-code" : "[-] = M-code";
+    const std::string tip = Tr(EqualsNoCase(frmMain.lblGMcode.Text, "M") ? "[-] = G-code" : "[-] = M-code");
     for (Control* control : {&frmMain.lblGMcode, &frmMain.lblCode, &frmMain.txtGMcode})
         control->ToolTip = tip;
 }

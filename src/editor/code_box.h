@@ -17,8 +17,8 @@ void lstMK4Mcodes_Click();
 void lstF1Gcodes_Click();
 void lstF1Mcodes_Click();
 
-/// Judges a code that the cursor left unseen: it is completed ("5" becomes "05"), checked, and its fields are set
-/// up. True when all that was done already; else the cursor is in the code box or in the first field.
+/// Judges a code that the cursor left unseen: it is completed ("5" becomes "05"), checked, and its fields are
+/// set up. True when all that was done already; else the cursor is in the code box or in the first field.
 bool SettleCode();
 
 /// Picks the first item of the machine's list whose first 4 characters are the code's, in any case; a

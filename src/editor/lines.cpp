@@ -75,8 +75,8 @@ ProgramLine EmptyLine(int number)
     return row;
 }
 
-/// The code or the field that a page took the cursor from is judged as if the cursor left it now. False when it was
-/// refused, or when the code has other fields, which nobody has seen yet.
+/// The code or the field that a page took the cursor from is judged as if the cursor left it now. False when
+/// it was refused, or when the code has other fields, which nobody has seen yet.
 bool SettleUnseen()
 {
     Control* const left = TakeOwedFocus();
@@ -118,6 +118,8 @@ bool WriteEntry()
 
 void LineEdit()
 {
+    // The very first start has not even the blank row: the first line that is typed makes it.
+    if (lvCncProgram.Rows.empty()) AddBlankLine(true);
     if (RefuseWhileBusy()) return;
     const bool emptyLine = frmMain.lblGMcode.Text == "G" && frmMain.txtGMcode.Text == "21";
     if (!WriteEntry()) return;

@@ -1,6 +1,5 @@
 // The desktop program: brixley [FILE]
 
-#include "commands/load.h"
 #include "commands/session.h"
 #include "core/app_data.h"
 #include "drawing/drawing_state.h"
@@ -12,11 +11,18 @@
 #include <QApplication>
 #include <QFileInfo>
 
+#include <optional>
+#include <string>
+
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName("brixley");
     QApplication::setApplicationVersion(ProductVersion);
+
+    std::optional<std::string> file;
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() > 1) file = QFileInfo(arguments[1]).absoluteFilePath().toStdString();
 
     Desktop desktop;
     ResetState();
@@ -26,15 +32,10 @@ int main(int argc, char** argv)
     ProgramFrame lines(desktop, &drawing);
     ThePicturePainter = PaintPicture;
     Drawing.YieldAfter = 50; // long walks stay abortable
-    desktop.Run([] { StartNew(MachineKind::MK4, true, false); });
+    window.TakeScreen();
+    desktop.Run([&] { StartProgram(file); });
     desktop.Run(tmr1sec_Timer); // what is enabled at first
     window.Open();
-
-    const QStringList arguments = QApplication::arguments();
-    if (arguments.size() > 1) {
-        const std::string file = QFileInfo(arguments[1]).absoluteFilePath().toStdString();
-        desktop.Run([&] { LoadFile(file); });
-    }
     desktop.StartTick();
     return QApplication::exec();
 }

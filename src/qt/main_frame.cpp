@@ -83,16 +83,22 @@ void MainFrame::ConnectList()
     };
 }
 
+void MainFrame::TakeScreen()
+{
+    const QRect screen = this->screen()->geometry();
+    Shared.Screen = {ToTwips(*this, screen.width()), ToTwips(*this, screen.height()),
+                     ToTwips(*this, this->screen()->availableGeometry().height())};
+}
+
 void MainFrame::Open()
 {
-    const QRect screen = this->screen()->geometry(), work = this->screen()->availableGeometry();
-    Shared.Screen = {ToTwips(*this, screen.width()), ToTwips(*this, screen.height()),
-                     ToTwips(*this, work.height())};
-    // In the middle of the screen.
+    // Where it was, as far as the screen of today has room there.
     const Control& window = frmMain.Window;
-    const QSize size(ToPixels(*this, window.Width), ToPixels(*this, window.Height));
-    QRect place(QPoint(), size);
-    place.moveCenter(work.center());
+    const QRect work = this->screen()->availableGeometry();
+    QRect place(ToPixels(*this, window.Left), ToPixels(*this, window.Top), ToPixels(*this, window.Width),
+                ToPixels(*this, window.Height));
+    place.moveLeft(std::max(work.left(), std::min(place.left(), work.right() + 1 - place.width())));
+    place.moveTop(std::max(work.top(), std::min(place.top(), work.bottom() + 1 - place.height())));
     setGeometry(place);
     Events.Render();
     show();
