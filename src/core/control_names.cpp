@@ -100,6 +100,8 @@ constexpr NameRow Names[] = {
     {"tabSettings", "Settings", "Settings: [LEFT] and [RIGHT] change the tab"},
     {"chkSettingsAutowidth", "", "The window is made as wide as the columns of the list"},
     {"chkSettingsDWC", "", "Deletes a line without asking"},
+    {"lblSettingsLanguage", "", "The language of all texts"},
+    {"cboLanguage", "Language", "The language of all texts"},
     {"frSettingsIncr", "Colour of incremental lines", "The colour of incremental lines"},
     {"lblSettingsIncrColor", "", "The colour of incremental lines: click to change it"},
     {"cmdSettingsColorIncremental", "Change the colour of incremental lines",

@@ -266,7 +266,7 @@ void LayOutSettings(const ControlWidgets& widgets)
     LayOutColor(widgets, main.frSettingsAbs, main.lblSettingsAbsColor, main.cmdSettingsColorAbsolute);
     AddAll(widgets, *column,
            {&main.chkSettingsAutowidth, &main.chkSettingsDWC, &main.frSettingsIncr, &main.frSettingsAbs,
-            &main.cmdResetAll});
+            &main.lblSettingsLanguage, &main.cboLanguage, &main.cmdResetAll});
     column->addStretch();
 
     column = PageColumn(widgets, 1);

@@ -1,6 +1,7 @@
 // The desktop program: brixley [FILE]
 
 #include "commands/session.h"
+#include "commands/settings.h"
 #include "core/app_data.h"
 #include "drawing/drawing_state.h"
 #include "qt/draw_frame.h"
@@ -33,7 +34,10 @@ int main(int argc, char** argv)
     ThePicturePainter = PaintPicture;
     Drawing.YieldAfter = 50; // long walks stay abortable
     window.TakeScreen();
-    desktop.Run([&] { StartProgram(file); });
+    desktop.Run([&] {
+        InstallDefaults();
+        StartProgram(file);
+    });
     desktop.Run(tmr1sec_Timer); // what is enabled at first
     window.Open();
     desktop.StartTick();
