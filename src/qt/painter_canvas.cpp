@@ -151,8 +151,12 @@ void PainterCanvas::Box(float fromX, float fromY)
 void PainterCanvas::Point()
 {
     Apply();
-    const double x = PenX() / TwipsToPixel, y = PenY() / TwipsToPixel;
+    double x = PenX() / TwipsToPixel, y = PenY() / TwipsToPixel;
     if (IsFar(x) || IsFar(y)) return;
+    if (On == Device::Raster) {
+        x = OnPixel(x);
+        y = OnPixel(y);
+    }
     QPen pen = To.pen();
     pen.setStyle(Qt::SolidLine);
     To.setPen(pen);
@@ -172,7 +176,7 @@ void PainterCanvas::Arc(float radius, float start, float end)
     double sweep = double{end} - start;
     if (sweep < 0) sweep += 2 * Pi;
     if (IsFar(std::abs(x) + r) || IsFar(std::abs(y) + r)) {
-        PaintFarArc(radius, start, sweep);
+        PaintFarArc(std::abs(double{radius}), start, sweep);
         return;
     }
     constexpr double ToDegrees = 180 / Pi;
@@ -181,24 +185,40 @@ void PainterCanvas::Arc(float radius, float start, float end)
     path.arcMoveTo(around, start * ToDegrees);
     path.arcTo(around, start * ToDegrees, sweep * ToDegrees);
     const bool closed = sweep > 2 * Pi - 1e-4; // rounded to a 32-bit float on its way
-    closed ? To.drawPath(path) : To.strokePath(path, To.pen());
+    if (!closed) {
+        To.strokePath(path, To.pen());
+        return;
+    }
+    if (Settings().Fill == FillStyle::Diagonal) {
+        To.save();
+        To.setClipPath(path);
+        Hatch(around);
+        To.restore();
+    }
+    To.drawPath(path);
 }
 
-/// An arc that reaches far beyond the sheet, as lines short enough to keep its form to a pixel.
-void PainterCanvas::PaintFarArc(float radius, double start, double sweep)
+/// An arc that reaches far beyond the sheet, as lines short enough to keep its form to a tenth of a pixel;
+/// what lies beside the sheet is passed over in whole stretches. One so large that the places on it can't be
+/// told apart is none.
+void PainterCanvas::PaintFarArc(double radius, double start, double sweep)
 {
-    constexpr int Pieces = 20000;
-    const auto place = [&](int piece, double& x, double& y) {
-        const double angle = start + sweep * piece / Pieces;
-        x = (PenX() + double{radius} * std::cos(angle)) / TwipsToPixel;
-        y = (PenY() - double{radius} * std::sin(angle)) / TwipsToPixel;
+    constexpr double MostRadius = 1e12;
+    if (radius > MostRadius) return;
+    const auto place = [&](double angle) {
+        return QPointF((PenX() + radius * std::cos(angle)) / TwipsToPixel,
+                       (PenY() - radius * std::sin(angle)) / TwipsToPixel);
     };
-    double x1, y1, x2, y2;
-    place(0, x1, y1);
-    for (int i = 1; i <= Pieces; ++i) {
-        place(i, x2, y2);
-        PaintLine(x1, y1, x2, y2);
-        x1 = x2;
-        y1 = y2;
+    // The stretch lies within this distance of its middle.
+    const double reach = radius * sweep / 2 / TwipsToPixel + Settings().Width;
+    const QPointF middle = place(start + sweep / 2);
+    if (!Sheet.adjusted(-reach, -reach, reach, reach).contains(middle)) return;
+    const double bulge = radius * sweep * sweep / 8 / TwipsToPixel;
+    if (bulge > 0.1 || sweep > 1) {
+        PaintFarArc(radius, start, sweep / 2);
+        PaintFarArc(radius, start + sweep / 2, sweep / 2);
+        return;
     }
+    const QPointF from = place(start), to = place(start + sweep);
+    PaintLine(from.x(), from.y(), to.x(), to.y());
 }
