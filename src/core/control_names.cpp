@@ -1,6 +1,7 @@
 #include "core/control_names.h"
 
 #include "core/main_window.h"
+#include "core/messages.h"
 
 #include <string_view>
 
@@ -251,7 +252,7 @@ std::string AccessibleName(const Control& control)
         if (&control == box && !label->Text.empty()) return label->Text;
     }
     const NameRow* const row = RowOf(control);
-    if (row != nullptr && !row->Name.empty()) return std::string(row->Name);
+    if (row != nullptr && !row->Name.empty()) return Tr(row->Name);
     const std::string caption = control.Is == Kind::TextBox ? "" : WithoutMarks(control.Text);
     return caption.empty() ? TipOf(control) : caption;
 }
@@ -263,6 +264,6 @@ std::string TipOf(const Control& control)
 
 std::string FirstTipOf(const Control& control)
 {
-    if (const NameRow* const row = RowOf(control); row != nullptr) return std::string(row->Tip);
+    if (const NameRow* const row = RowOf(control); row != nullptr) return Tr(row->Tip);
     return control.Text.empty() ? FullName(control) : WithoutMarks(control.Text);
 }

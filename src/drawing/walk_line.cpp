@@ -221,7 +221,7 @@ void Call(WalkState& walk)
     walk.LineIndex = TargetOf(walk);
     if (++walk.SubLevel <= MostCalls) return;
     Drawing.AbortDraw = true;
-    ShowMessage("Too many subprog-Calls", "max 5 subcalls");
+    ShowMessage(Tr("Too many subprog-Calls"), Tr("max 5 subcalls"));
 }
 
 void Return(WalkState& walk)

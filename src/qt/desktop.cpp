@@ -88,6 +88,7 @@ void Desktop::Render()
     InEvent = true;
     Widgets.Push();
     for (const Window& window : Windows) window.Render();
+    PushActiveWindow();
     PushFocus();
     InEvent = false;
 }
@@ -107,6 +108,17 @@ void Desktop::CopyCaretIn()
     Control* const box = TypingBox();
     if (box == nullptr) return;
     if (const QWidget* const widget = Widgets.Of(*box)) CopyIn(*widget, *box);
+}
+
+void Desktop::PushActiveWindow()
+{
+    const Control* const active = &ActiveWindow();
+    if (active == PushedActive) return;
+    PushedActive = active;
+    QWidget* const window = Widgets.Of(*active);
+    if (window == nullptr || !window->isVisible() || window->isActiveWindow()) return;
+    window->raise();
+    window->activateWindow();
 }
 
 void Desktop::PushFocus()

@@ -52,6 +52,8 @@ private:
     Control* FormOf(const QObject* receiver) const;
     void CopyCaretIn();
     void PushFocus();
+    /// Brings the window that the engine has chosen to the front.
+    void PushActiveWindow();
     bool TakeKey(QObject* receiver, QKeyEvent* event);
     bool TakeInputMethod(QInputMethodEvent* event);
     /// Offers a key and lets the widget type what is left; `native` is the event to type with, if any.
@@ -69,4 +71,5 @@ private:
     QtPlatform Platform;
     QTimer Tick;
     bool InEvent = false;
+    const Control* PushedActive = nullptr;
 };

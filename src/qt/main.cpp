@@ -2,7 +2,10 @@
 
 #include "commands/session.h"
 #include "core/app_data.h"
+#include "drawing/drawing_state.h"
+#include "qt/draw_frame.h"
 #include "qt/main_frame.h"
+#include "qt/picture_writer.h"
 #include "ui/tick.h"
 
 #include <QApplication>
@@ -25,6 +28,10 @@ int main(int argc, char** argv)
     ResetState();
     MainFrame window(desktop);
     FindFrame find(desktop, &window);
+    DrawFrame drawing(desktop);
+    ProgramFrame lines(desktop, &drawing);
+    ThePicturePainter = PaintPicture;
+    Drawing.YieldAfter = 50; // long walks stay abortable
     window.TakeScreen();
     desktop.Run([&] { StartProgram(file); });
     desktop.Run(tmr1sec_Timer); // what is enabled at first

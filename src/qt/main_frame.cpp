@@ -196,8 +196,7 @@ void MainFrame::changeEvent(QEvent* event)
         break;
     case QEvent::ActivationChange:
         // From another window of the program, not from a box.
-        if (isActiveWindow() && (IsFindInFront() || &ActiveWindow() != &frmMain.Window))
-            Events.RunLater([] { BringToFront(frmMain.Window); });
+        if (isActiveWindow()) Events.RunLater([] { BringToFront(frmMain.Window); });
         break;
     case QEvent::PaletteChange: Events.RunLater([] {}); break;
     default: break;

@@ -123,9 +123,20 @@ void EndSettings()
     }
 }
 
+/// Keys and values can't hold brackets and equals signs: braces and a tilde stand for them.
+std::string Unescaped(std::string text)
+{
+    for (char& c : text) {
+        if (c == '{') c = '[';
+        if (c == '}') c = ']';
+        if (c == '~') c = '=';
+    }
+    return text;
+}
+
 void TakeOwnText(const KeyValue& line, size_t)
 {
-    Translated.Own[line.Key] = line.Value;
+    Translated.Own[Unescaped(line.Key)] = Unescaped(line.Value);
 }
 
 CaptionRow FrameCaption(const char* key, Control (W::*frames)[8])

@@ -2,6 +2,7 @@
 
 #include "core/app_data.h"
 #include "core/main_window.h"
+#include "core/messages.h"
 #include "core/profile.h"
 #include "core/program_list.h"
 #include "core/text.h"
@@ -202,7 +203,7 @@ Control& ShowUnits()
     const bool metric = Shared.Metric, mill = Shared.Machine == MachineKind::F1;
     frmMain.mnuMMtoINCH.Enabled = metric;
     frmMain.mnuINCHtoMM.Enabled = !metric;
-    frmMain.lblEntryUnits.Text = metric ? "1/100 mm: 1000 = 10.00 mm" : "1/1000 inch: 1000 = 1.000 inch";
+    frmMain.lblEntryUnits.Text = Tr(metric ? "1/100 mm: 1000 = 10.00 mm" : "1/1000 inch: 1000 = 1.000 inch");
     const auto row = std::find_if(std::begin(UnitsTable), std::end(UnitsTable), [&](const UnitsRow& units) {
         return units.Mill == mill && units.Metric == metric && units.Horizontal == Shared.Horizontal;
     });
