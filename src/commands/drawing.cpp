@@ -1,14 +1,20 @@
 #include "commands/drawing.h"
 
+#include "commands/recent_files.h"
 #include "commands/windows.h"
 #include "core/draw_window.h"
 #include "core/main_window.h"
+#include "core/messages.h"
 #include "core/shared_state.h"
+#include "core/text.h"
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
 #include "drawing/measure.h"
+#include "drawing/picture_file.h"
 #include "drawing/walk.h"
 #include "editor/find.h"
+#include "platform/files.h"
+#include "platform/platform.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
 
@@ -43,6 +49,7 @@ constexpr Event Events[] = {
     {&D::cmdStep, {frmDraw_cmdStep_Click}},
     {&D::cmdAbort, {cmdAbort_Click}},
     {&D::cmdEditor, {cmdEditor_Click}},
+    {&D::cmdSavePicture, {cmdSavePicture_Click}},
     {&D::cmdCloseControls, {cmdCloseControls_Click}},
     {&D::cboRun, {cboRun_Click}},
     {&D::cboScale, {cboScale_Click}},
@@ -106,4 +113,28 @@ void cmdEditor_Click()
 {
     frmProgramWindow.Window.Visible = false;
     BringToFront(frmMain.Window);
+}
+
+void cmdSavePicture_Click()
+{
+    constexpr const char* Filter = "SVG picture|*.svg|PNG picture|*.png|PDF document|*.pdf|";
+    std::string name = FileNameOf(frmMain.lblPath.Text);
+    name = (name.empty() ? "drawing" : name.substr(0, name.rfind('.'))) + ".svg";
+    const auto chosen =
+        ThePlatform->AskForFile({FileDialog::Purpose::Save, name, Filter, FolderOfLastFile()});
+    if (!chosen || chosen->empty()) return;
+    PictureFormat format{};
+    if (!FormatOfFile(*chosen, format)) {
+        ShowMessage(Tr("A picture's name ends in .svg, .png or .pdf"), "", Icon::Exclamation);
+        return;
+    }
+    std::string bytes;
+    if (ThePicturePainter != nullptr)
+        bytes = ThePicturePainter({&Picture.Operations(), CanvasWidth(), CanvasHeight(), format});
+    std::string fault = bytes.empty() ? Tr("the picture could not be made") : "";
+    if (fault.empty()) {
+        if (const auto failure = ReplaceFile(*chosen, bytes)) fault = Tr(failure->Reason);
+    }
+    if (!fault.empty())
+        ShowMessage(Tr("%1 could not be saved: %2", {FileNameOf(*chosen), fault}), "", Icon::Exclamation);
 }

@@ -14,3 +14,6 @@ void cmdEditor_Click();
 
 /// Makes the drawing window anew and connects its controls.
 void UnloadDrawing();
+
+/// Saves the picture as it stands, by the ending of the file's name as SVG, PNG or PDF.
+void cmdSavePicture_Click();

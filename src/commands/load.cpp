@@ -85,7 +85,7 @@ void LoadFile(const std::string& path)
     std::string bytes;
     if (const auto failure = ReadWholeFile(chosen, bytes)) {
         NoteFailure(failure->Number, "LoadFile");
-        RefuseFile(chosen, "can't be read: " + failure->Reason);
+        RefuseFile(chosen, Tr("can't be read: %1", {Tr(failure->Reason)}));
         return;
     }
     switch (KindOfFile(bytes)) {
@@ -99,7 +99,7 @@ void LoadFile(const std::string& path)
     }
     ProgramFile file = ReadProgram(bytes);
     if (file.TooLong) {
-        RefuseFile(chosen, "has more than " + std::to_string(MaxFileLines) + " lines and can't be loaded");
+        RefuseFile(chosen, Tr("has more than %1 lines and can't be loaded", {std::to_string(MaxFileLines)}));
         return;
     }
     if (!MayReplaceProgram()) return;

@@ -61,7 +61,7 @@ void ClearProgram_Click()
         list->Index = -1;
     }
     frmMain.frEntry.Text = Shared.EntryCaption;
-    Shared.Changed = Shared.ArcsPresent = Shared.CodeToggled = false;
+    Shared.Changed = Shared.ArcsPresent = Shared.CodeToggled = Shared.FeedButtonsOn = false;
 
     ClearAxesProperties();
     ClearInputTexts();

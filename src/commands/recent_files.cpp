@@ -2,6 +2,7 @@
 
 #include "commands/load.h"
 #include "core/main_window.h"
+#include "core/messages.h"
 #include "core/shared_state.h"
 #include "core/text.h"
 #include "platform/files.h"
@@ -46,7 +47,7 @@ void mnuRecentFile_Click(int index)
     }
     std::erase(Shared.RecentFiles, path);
     ShowRecentFiles();
-    ShowMessage(FileNameOf(path) + " isn't there any more", "", Icon::Exclamation);
+    ShowMessage(Tr("%1 isn't there any more", {FileNameOf(path)}), "", Icon::Exclamation);
 }
 
 std::string FolderOfLastFile()

@@ -66,7 +66,8 @@ void SaveFile_Click(bool saveAs)
 
     if (const auto failure = ReplaceFile(path, ToCodePage(text))) {
         NoteFailure(failure->Number, "SaveFile_Click");
-        ShowMessage(NameInMessages(path) + " could not be saved: " + failure->Reason, "", Icon::Exclamation);
+        ShowMessage(Tr("%1 could not be saved: %2", {NameInMessages(path), Tr(failure->Reason)}), "",
+                    Icon::Exclamation);
         return;
     }
     Shared.Changed = false;

@@ -84,6 +84,7 @@ constexpr Event Events[] = {
     {&W::chkViewFileNotes, {ControlsPositioning}},
     {&W::chkSettingsAutowidth, {chkSettingsAutowidth_Click}},
     {&W::cmdResetAll, {mnuReset_Click}},
+    {&W::cboLanguage, {cboLanguage_Click}},
     {&W::cboFontName, {nullptr, nullptr, nullptr, cboFontName_LostFocus}},
     {&W::cboFontSize, {nullptr, nullptr, nullptr, cboFontSize_LostFocus}},
     {&W::optSettingsMK2, {optSettingsMK2_Click}},
@@ -188,6 +189,7 @@ void BeginStart()
     }
     if (const std::string left = AppDataPath() + "/Transmit.txt"; FileExists(left)) RemoveFile(left);
     FillFonts();
+    FillLanguages();
     frmDraw_Load();
 }
 

@@ -15,6 +15,7 @@
 #include "core/program_list.h"
 #include "drawing/draw_controls.h"
 #include "editor/whole_program.h"
+#include "files/reader.h"
 #include "interpreter/interpreter.h"
 #include "interpreter/limits.h"
 #include "platform/files.h"
@@ -162,6 +163,17 @@ void LoadModules()
     if (Shared.LanguageFileName != own) LoadLanguageModule(Shared.LanguageFileName);
 }
 
+/// The choice of the General tab follows the module in use.
+void ShowLanguage()
+{
+    Control& list = frmMain.cboLanguage;
+    list.Index = -1;
+    for (size_t i = 0; i < list.Items.size(); ++i) {
+        if (FileNameOf(Shared.LanguageFileName) == list.Items[i] + ".txt") list.Index = static_cast<int>(i);
+    }
+    list.Text = list.Index < 0 ? "" : list.Items[static_cast<size_t>(list.Index)];
+}
+
 } // namespace
 
 void LoadSettings(const std::optional<std::string>& argument)
@@ -171,7 +183,9 @@ void LoadSettings(const std::optional<std::string>& argument)
     if (!HasUserFile(EditorFile)) {
         Shared.Machine = MachineKind::MK4;
         Shared.Metric = Shared.Horizontal = false;
+        SetUnits(Shared.Metric);
         ApplyPlainSettings({});
+        ClampFeeds();
         ApplyGeometry({});
         MakeFormCaption();
         if (argument && FileExists(*argument)) LoadFile(*argument);
@@ -232,6 +246,41 @@ void SaveSettings()
     WriteUserFile(EditorFile, EditorSettingsText(values));
 }
 
+void InstallDefaults()
+{
+    if (AppDataPath().empty()) return;
+    if (const auto failure = MakeFolders(AppDataPath())) NoteFailure(failure->Number, "LoadSettings");
+    const bool newUser = !HasUserFile(EditorFile);
+    for (const char* file : {EditorDefaults, DrawDefaults}) {
+        std::string bytes;
+        const std::string installed = InstalledPath(std::string("defaults/") + file);
+        if (installed.empty() || HasUserFile(file) || ReadWholeFile(installed, bytes)) continue;
+        WriteUserFile(file, bytes);
+    }
+    if (newUser && !HasUserFile(DrawSettingsFile)) CopyUserFile(DrawDefaults, DrawSettingsFile);
+}
+
+void FillLanguages()
+{
+    constexpr std::string_view Ending = ".txt";
+    Control& list = frmMain.cboLanguage;
+    list.Items.clear();
+    const std::string folder = InstalledPath("languages");
+    for (const std::string& file : FilesIn(folder, std::string(Ending))) {
+        std::string bytes;
+        if (ReadWholeFile(folder + "/" + file, bytes) || KindOfFile(bytes) != FileKind::Language) continue;
+        list.Items.push_back(file.substr(0, file.size() - Ending.size()));
+    }
+    ShowLanguage();
+}
+
+void cboLanguage_Click()
+{
+    const Control& list = frmMain.cboLanguage;
+    if (list.Index < 0 || RefuseWhileBusy()) return;
+    LoadLanguageModule(InstalledPath("languages/" + list.Items[static_cast<size_t>(list.Index)] + ".txt"));
+}
+
 void LoadLanguageModule(const std::string& path)
 {
     std::string bytes;
@@ -242,6 +291,7 @@ void LoadLanguageModule(const std::string& path)
     }
     if (!ReadLanguageModule(bytes)) return;
     Shared.LanguageFileName = path;
+    ShowLanguage();
     const bool changed = Shared.Changed;
     if (frmMain.chkViewGcode.Value == 1) {
         // Descriptions change their language with the lists.

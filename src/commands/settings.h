@@ -13,6 +13,13 @@ void LoadSettings(const std::optional<std::string>& argument);
 /// Writes the editor's file. A failure is logged.
 void SaveSettings();
 
+/// Puts the default files that were installed into the user's folder, where they aren't there yet.
+void InstallDefaults();
+
+/// The installed language modules as the choices of the General tab.
+void FillLanguages();
+void cboLanguage_Click();
+
 /// Loads a language module; a missing file and a placeholder change nothing.
 void LoadLanguageModule(const std::string& path);
 

@@ -43,6 +43,7 @@ bool TogglePage(Control& page)
     ControlsEnable(false);
     frmMain.mnuHelp.Enabled = true;
     HidePages();
+    HideAxesPictures();
     frmMain.cmdReturn.Visible = true;
     page.Visible = true;
     return true;
@@ -124,7 +125,7 @@ void mnuCalculator_Click()
 {
     static const std::vector<std::string> calculators{
         "gnome-calculator", "kcalc", "mate-calc", "qalculate-gtk", "galculator", "speedcrunch", "xcalc"};
-    if (!ThePlatform->Launch(calculators)) ShowMessage("No calculator was found", "", Icon::Exclamation);
+    if (!ThePlatform->Launch(calculators)) ShowMessage(Tr("No calculator was found"), "", Icon::Exclamation);
 }
 
 void cboFontName_LostFocus(Control& box)

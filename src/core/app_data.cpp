@@ -1,5 +1,6 @@
 #include "core/app_data.h"
 
+#include "platform/files.h"
 #include "platform/platform.h"
 
 #include <algorithm>
@@ -12,4 +13,13 @@ std::string AppDataPath()
     std::string digits = ProductVersion;
     std::erase(digits, '.');
     return root + "/EMCO/BXL_" + digits;
+}
+
+std::string InstalledPath(const std::string& name)
+{
+    for (const char* place : {"/", "/../share/brixley/"}) {
+        const std::string path = ThePlatform->ProgramFolder() + place + name;
+        if (PathExists(path)) return path;
+    }
+    return "";
 }

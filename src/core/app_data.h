@@ -11,3 +11,7 @@ constexpr const char* ProductVersion = "1.6.0";
 /// data folder, then EMCO/BXL_ and the digits of the version, so that each version has settings of
 /// its own. "" when the platform gives no such folder; nothing of the user is then read or written.
 std::string AppDataPath();
+
+/// A file or folder that was installed with the program ("languages", "defaults/default.edt"): beside it, or
+/// in the share folder of its place; "" when it isn't there.
+std::string InstalledPath(const std::string& name);

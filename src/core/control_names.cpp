@@ -1,6 +1,7 @@
 #include "core/control_names.h"
 
 #include "core/main_window.h"
+#include "core/messages.h"
 
 #include <string_view>
 
@@ -99,6 +100,8 @@ constexpr NameRow Names[] = {
     {"tabSettings", "Settings", "Settings: [LEFT] and [RIGHT] change the tab"},
     {"chkSettingsAutowidth", "", "The window is made as wide as the columns of the list"},
     {"chkSettingsDWC", "", "Deletes a line without asking"},
+    {"lblSettingsLanguage", "", "The language of all texts"},
+    {"cboLanguage", "Language", "The language of all texts"},
     {"frSettingsIncr", "Colour of incremental lines", "The colour of incremental lines"},
     {"lblSettingsIncrColor", "", "The colour of incremental lines: click to change it"},
     {"cmdSettingsColorIncremental", "Change the colour of incremental lines",
@@ -186,6 +189,7 @@ constexpr NameRow Names[] = {
     {"mnuDraw", "", "Draws the tool path"},
     {"mnuPrint", "", "Prints the program"},
     {"mnuRecent", "", "The files opened or saved last"},
+    {"mnuRecentFile", "", "A file opened or saved lately"},
     {"mnuExit", "", "Leaves the program"},
     {"mnuSettings", "", "Settings of the program"},
     {"mnuSettingsShow", "", "Shows or hides the settings"},
@@ -250,7 +254,7 @@ std::string AccessibleName(const Control& control)
         if (&control == box && !label->Text.empty()) return label->Text;
     }
     const NameRow* const row = RowOf(control);
-    if (row != nullptr && !row->Name.empty()) return std::string(row->Name);
+    if (row != nullptr && !row->Name.empty()) return Tr(row->Name);
     const std::string caption = control.Is == Kind::TextBox ? "" : WithoutMarks(control.Text);
     return caption.empty() ? TipOf(control) : caption;
 }
@@ -262,6 +266,6 @@ std::string TipOf(const Control& control)
 
 std::string FirstTipOf(const Control& control)
 {
-    if (const NameRow* const row = RowOf(control); row != nullptr) return std::string(row->Tip);
+    if (const NameRow* const row = RowOf(control); row != nullptr) return Tr(row->Tip);
     return control.Text.empty() ? FullName(control) : WithoutMarks(control.Text);
 }

@@ -12,8 +12,8 @@ DrawWindow::DrawWindow()
     Window.Width = 12000;
     Window.Height = 9000;
     frControls.Left = frControls.Top = 120;
-    frControls.Width = 3840;
-    frControls.Height = 2520;
+    frControls.Width = 4950;
+    frControls.Height = 3750;
     cboRun.Items = {"Run", "Step", "Interval 1", "Interval 2", "Interval 3"};
     cboRun.Index = 0;
     cboRun.Text = cboRun.Items[0];

@@ -19,3 +19,20 @@ std::string Tr(std::string_view english)
     const auto found = Translated.Own.find(english);
     return std::string(found == Translated.Own.end() ? english : TextOr(english, found->second));
 }
+
+std::string Tr(std::string_view english, std::initializer_list<std::string_view> values)
+{
+    std::string text;
+    const std::string pattern = Tr(english);
+    for (size_t i = 0; i < pattern.size(); ++i) {
+        const size_t value =
+            i + 1 < pattern.size() ? static_cast<size_t>(pattern[i + 1] - '1') : values.size();
+        if (pattern[i] != '%' || value >= values.size()) {
+            text += pattern[i];
+            continue;
+        }
+        text += values.begin()[value];
+        ++i;
+    }
+    return text;
+}

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <array>
+#include <initializer_list>
 #include <map>
 #include <string>
 #include <string_view>
@@ -39,6 +40,8 @@ std::string TextOf(const Message& message);
 
 /// A text that stands in no table, in the language in force: a file's or a port's fault, progress, a tip.
 std::string Tr(std::string_view english);
+/// The same for a text with places for values: "%1 lines with messages".
+std::string Tr(std::string_view english, std::initializer_list<std::string_view> values);
 
 namespace Messages {
 using T = TranslatedTables;

@@ -10,6 +10,12 @@
 /// What the window shows; a front end paints it from here.
 extern RecordingCanvas Picture;
 
+/// From this operation of the picture on a line (list index from 1, 0 for none) draws.
+struct LineStart {
+    size_t Operation;
+    int Line;
+};
+
 struct DrawingState {
     /// Where everything is drawn; never null.
     DrawCanvas* Canvas = &Picture;
@@ -40,6 +46,8 @@ struct DrawingState {
     bool DrawingNow = false;
     /// The N number of the line that the walk is at.
     int Line = -1;
+    /// Which line has drawn what of the picture.
+    std::vector<LineStart> LineStarts;
     /// The version of the program's rows when the walk began.
     unsigned RowsAtStart = 0;
     /// After so many milliseconds without a wait the walk lets events through; 0 where none could come.

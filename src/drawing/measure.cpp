@@ -4,10 +4,12 @@
 #include "core/failure.h"
 #include "core/messages.h"
 #include "core/numbers.h"
+#include "core/program_list.h"
 #include "core/shared_state.h"
 #include "core/text.h"
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
+#include "drawing/line_figures.h"
 #include "drawing/view.h"
 #include "drawing/walk.h"
 #include "ui/focus.h"
@@ -36,10 +38,9 @@ std::string Whole(double value)
 /// A length of the program in mm or inch: "10.00 mm".
 std::string Length(double units)
 {
-    char text[64];
-    std::snprintf(text, sizeof text, Shared.Metric ? "%.2f mm" : "%.3f inch",
-                  units / (Shared.Metric ? 100 : 1000));
-    return text;
+    char number[64];
+    std::snprintf(number, sizeof number, "%.*f", Shared.Metric ? 2 : 3, units / (Shared.Metric ? 100 : 1000));
+    return Tr(Shared.Metric ? "%1 mm" : "%1 inch", {number});
 }
 
 void ShowResults(double first, double second, double distance)
@@ -186,6 +187,20 @@ void frmDraw_MouseDown(double x, double y)
         SetDrawControls(true);
     }
     Drawing.Crosshair = Drawing.MeasureStarted;
+}
+
+bool frmDraw_DblClick(double x, double y)
+{
+    constexpr double Near = 90; // 6 pixels
+    const int line = LineAt(x, y, Near);
+    if (line == 0 || line > lvCncProgram.RowCount()) return false;
+    if (Drawing.MeasureStarted && !Drawing.MeasureDone) {
+        MeasureCross(Drawing.MeasurePoints[0], Drawing.MeasurePoints[1]);
+        EndMeasure();
+        Drawing.Crosshair = false;
+    }
+    SelectRow(line);
+    return true;
 }
 
 void MeasureCross(double x, double y)

@@ -21,6 +21,10 @@ void frmDraw_MouseDown(double x, double y);
 /// from.
 void MeasureCross(double x, double y);
 
+/// A double click on a figure selects its line in the editor and brings it into view. Its first click set a
+/// point, which is taken back. False, and nothing, where there is no figure.
+bool frmDraw_DblClick(double x, double y);
+
 /// Gives a measurement up, without erasing its marks.
 void EndMeasure();
 

@@ -2,6 +2,8 @@
 
 #include "core/text.h"
 
+PaintPictureRoutine* ThePicturePainter = nullptr;
+
 bool FormatOfFile(const std::string& path, PictureFormat& format)
 {
     constexpr std::pair<std::string_view, PictureFormat> Endings[] = {

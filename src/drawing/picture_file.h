@@ -24,5 +24,8 @@ struct PictureRequest {
 /// The bytes of the picture's file; "" when it can't be made (out of memory, too large for the format).
 using PaintPictureRoutine = std::string(const PictureRequest& request);
 
+/// The front end's own routine; null where it has none.
+extern PaintPictureRoutine* ThePicturePainter;
+
 /// The routine's name in the module.
 constexpr const char* PaintPictureName = "BrixleyPaintPicture";

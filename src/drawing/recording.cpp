@@ -67,7 +67,7 @@ void RecordingCanvas::Arc(float radius, float start, float end)
     Recorded.push_back({Op::DrawArc, 0, {PenX(), PenY(), radius, start, end}});
 }
 
-void Replay(const std::vector<Operation>& operations, DrawCanvas& canvas)
+void Replay(std::span<const Operation> operations, DrawCanvas& canvas)
 {
     for (const Operation& op : operations) {
         const auto& at = op.At;

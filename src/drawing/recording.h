@@ -8,6 +8,7 @@
 #include "drawing/canvas.h"
 
 #include <array>
+#include <span>
 #include <vector>
 
 /// One thing that a canvas was asked to do.
@@ -67,4 +68,4 @@ private:
 };
 
 /// Asks a canvas for what another one was asked.
-void Replay(const std::vector<Operation>& operations, DrawCanvas& canvas);
+void Replay(std::span<const Operation> operations, DrawCanvas& canvas);

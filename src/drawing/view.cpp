@@ -171,3 +171,23 @@ void ApplyFillStyle()
     // On a grid the hatch couldn't be told from the lines behind it.
     canvas.SetFillStyle(!fills ? FillStyle::Transparent : hasGrid ? FillStyle::Solid : FillStyle::Diagonal);
 }
+
+void StepScale(int steps, double x, double y)
+{
+    const int present = frmDraw.cboScale.Index < 0 ? ScaleOneIndex : frmDraw.cboScale.Index;
+    const int index = std::clamp(present + steps, 0, static_cast<int>(frmDraw.cboScale.Items.size()) - 1);
+    if (index == frmDraw.cboScale.Index || Drawing.MeasureStarted) return;
+    const double ratio = double{ScaleOfIndex(index)} / Shared.DrawScale;
+    Drawing.ListsBusy = true;
+    PickItem(frmDraw.cboScale, index);
+    Drawing.ListsBusy = false;
+    MoveZeroPoint((x - Drawing.ZeroPointX) * (1 - ratio), (y - Drawing.ZeroPointY) * (1 - ratio));
+}
+
+void MoveZeroPoint(double across, double down)
+{
+    if (Drawing.MeasureStarted) return; // its marks would stay behind
+    Drawing.ZeroPointX += across;
+    Drawing.ZeroPointY += down;
+    Redraw();
+}

@@ -28,3 +28,9 @@ Color ContrastColor();
 
 /// Sets the fill of closed figures by the boxes of grid and fill.
 void ApplyFillStyle();
+
+/// Steps the scale through its list, the point of the canvas fixed, and draws.
+void StepScale(int steps, double x, double y);
+
+/// Moves the zero point across the canvas and draws.
+void MoveZeroPoint(double across, double down);

@@ -49,7 +49,10 @@ void Prepare(WalkState& walk)
 {
     DrawCanvas& canvas = *Drawing.Canvas;
     const bool first = walk.Pass == 1;
-    if (first) canvas.ClearCanvas();
+    if (first) {
+        canvas.ClearCanvas();
+        Drawing.LineStarts.clear();
+    }
     Drawing.DrawingNow = true;
     Drawing.RowsAtStart = lvCncProgram.Version;
     Drawing.ToolWidth = 1;
@@ -85,6 +88,7 @@ void Prepare(WalkState& walk)
 
 void EndWalk()
 {
+    Drawing.LineStarts.push_back({Picture.Operations().size(), 0});
     for (const auto control : Locked) (frmDraw.*control).Enabled = true;
     frmDraw.cboRun.Enabled = true;
     frmDraw.cmdAbort.Visible = frmDraw.cmdStep.Visible = false;
@@ -102,7 +106,7 @@ void ShowInProgramWindow(int line)
     list.Index = line - 1;
     const std::string& error = lvCncProgram.Row(line)[CellError];
     if (!error.starts_with('!')) return;
-    list.Items.push_back('"' + error + "\" in line " + std::to_string(line - 1));
+    list.Items.push_back(Tr("\"%1\" in line %2", {error, std::to_string(line - 1)}));
     list.Index = static_cast<int>(list.Items.size()) - 1;
     cmdAbort_Click();
 }
@@ -161,6 +165,7 @@ Task DrawProgram(bool centerLine, int pass)
         // From here on the line is read, and its cells aren't looked at again.
         if (word != DrawWord::Skip) {
             Log.Line = walk.LineIndex;
+            Drawing.LineStarts.push_back({Picture.Operations().size(), walk.LineIndex});
             ReadLine(walk);
             const LineEffect effect = DrawLineOf(walk);
             if (effect.IsPocket) {

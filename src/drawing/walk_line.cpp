@@ -221,7 +221,7 @@ void Call(WalkState& walk)
     walk.LineIndex = TargetOf(walk);
     if (++walk.SubLevel <= MostCalls) return;
     Drawing.AbortDraw = true;
-    ShowMessage("Too many subprog-Calls", "max 5 subcalls");
+    ShowMessage(Tr("Too many subprog-Calls"), Tr("max 5 subcalls"));
 }
 
 void Return(WalkState& walk)
@@ -390,10 +390,10 @@ LineEffect DrawLineOf(WalkState& walk)
     DrawCanvas& canvas = *Drawing.Canvas;
     canvas.SetForeColor(ContrastColor());
     if (walk.Code == G(72)) return {false, true};
-    if (BeginsPartialArc(walk)) return {};
     const Rule* const rule = RulesByCode()[walk.Code];
     if (rule == nullptr) return {};
     if (rule->Width != Width::Keep) canvas.SetPenWidth(rule->Width == Width::Cut ? CutWidth(walk) : 1);
+    if (BeginsPartialArc(walk)) return {};
     if (rule->Ink.Is != Ink::Of::None) canvas.SetForeColor(ColorOf(rule->Ink, walk));
     rule->Draw(walk);
     return {rule->Pauses, false};

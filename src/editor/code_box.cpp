@@ -18,7 +18,7 @@ namespace {
 void ShowLetterTip()
 {
     if (Shared.Machine == MachineKind::MK2) return;
-    const char* const tip = EqualsNoCase(frmMain.lblGMcode.Text, "M") ? "[-] = G-code" : "[-] = M-code";
+    const std::string tip = Tr(EqualsNoCase(frmMain.lblGMcode.Text, "M") ? "[-] = G-code" : "[-] = M-code");
     for (Control* control : {&frmMain.lblGMcode, &frmMain.lblCode, &frmMain.txtGMcode})
         control->ToolTip = tip;
 }
@@ -150,15 +150,14 @@ void txtGMcode_LostFocus(Control& box)
     if (frmMain.chkViewGcode.Value == 1 && IsBlank(frmMain.txtComment.Text)) CodeDescription();
 }
 
-bool CompleteCode()
+bool SettleCode()
 {
     Control& box = frmMain.txtGMcode;
-    const std::string completed = CompletedCode(box.Text);
-    if (box.Text == completed) return true;
-    box.Text = completed;
-    if (IsKnown(completed)) return true;
-    RefuseCode(box);
-    return false;
+    const bool isNew = IsNewCode(CompletedCode(box.Text));
+    txtGMcode_LostFocus(box);
+    if (HasFocus(box)) return false;
+    if (isNew) FirstFieldFocus();
+    return !isNew;
 }
 
 void lstMK2Gcodes_Click()

@@ -17,9 +17,9 @@ void lstMK4Mcodes_Click();
 void lstF1Gcodes_Click();
 void lstF1Mcodes_Click();
 
-/// Completes a code that was left half typed ("5" becomes "05"). False when it isn't known; the user was
-/// told, and the cursor is in the code box.
-bool CompleteCode();
+/// Judges a code that the cursor left unseen: it is completed ("5" becomes "05"), checked, and its fields are
+/// set up. True when all that was done already; else the cursor is in the code box or in the first field.
+bool SettleCode();
 
 /// Picks the first item of the machine's list whose first 4 characters are the code's, in any case; a
 /// code that stands in no list changes nothing. Clears the selection of all lists first.

@@ -75,12 +75,23 @@ ProgramLine EmptyLine(int number)
     return row;
 }
 
+/// The code or the field that a page took the cursor from is judged as if the cursor left it now. False when
+/// it was refused, or when the code has other fields, which nobody has seen yet.
+bool SettleUnseen()
+{
+    Control* const left = TakeOwedFocus();
+    if (left == nullptr || left->On.LostFocus == nullptr || !IsUsable(*left)) return true;
+    if (left == &frmMain.txtGMcode) return SettleCode();
+    left->On.LostFocus(*left);
+    return !HasFocus(*left);
+}
+
 /// Completes and writes the entry; false with an empty code box.
 bool WriteEntry()
 {
     HideAxesPictures();
     if (frmMain.txtGMcode.Text.empty() || lvCncProgram.Selected == 0) return false;
-    if (!CompleteCode() || !WorkOutFields()) return false;
+    if (!SettleUnseen() || !WorkOutFields()) return false;
     const std::string& code = frmMain.txtGMcode.Text;
     std::string& fourth = frmMain.txtFKTL.Text;
     if (code == "06") {
@@ -107,6 +118,8 @@ bool WriteEntry()
 
 void LineEdit()
 {
+    // The very first start has not even the blank row: the first line that is typed makes it.
+    if (lvCncProgram.Rows.empty()) AddBlankLine(true);
     if (RefuseWhileBusy()) return;
     const bool emptyLine = frmMain.lblGMcode.Text == "G" && frmMain.txtGMcode.Text == "21";
     if (!WriteEntry()) return;

@@ -138,7 +138,7 @@ void Field_LostFocus(Control& field)
 {
     const bool mayBeEmpty = &field == &frmMain.txtFKTL || &field == &frmMain.txtH;
     if (!mayBeEmpty || !field.Text.empty()) {
-        if (HasTooManyTerms(field.Text)) ShowMessage("Only the first ten terms count");
+        if (HasTooManyTerms(field.Text)) ShowMessage(Tr("Only the first ten terms count"));
         field.Text = MathString(field.Text);
     }
     if (!Shared.Activating) EvalText(field);

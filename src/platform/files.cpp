@@ -430,6 +430,24 @@ bool FileExists(const std::string& path)
     return Usable(path) && Retried(Calls.Stat, path.c_str(), &info) == 0 && S_ISREG(info.st_mode);
 }
 
+bool PathExists(const std::string& path)
+{
+    struct stat info = {};
+    return Usable(path) && Retried(Calls.Stat, path.c_str(), &info) == 0;
+}
+
+std::vector<std::string> FilesIn(const std::string& folder, const std::string& ending)
+{
+    std::vector<std::string> files;
+    std::error_code failed;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, failed)) {
+        const std::string name = entry.path().filename().string();
+        if (name.ends_with(ending) && FileExists(entry.path().string())) files.push_back(name);
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
 std::string FindFile(const std::string& folder, const std::string& name)
 {
     const std::string path = folder + "/" + name;

@@ -15,6 +15,7 @@
 #include <string_view>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <vector>
 
 /// The system calls that these routines are made of, each as the system has it: -1 and errno on failure.
 /// A test puts its own routines here to let any of them fail.
@@ -88,6 +89,12 @@ std::optional<FileFailure> MakeFolders(const std::string& path);
 /// True when `path` is, or links to, a regular file: one that ReadWholeFile doesn't refuse by its kind.
 /// False also where that can't be found out, as in a folder that may not be searched.
 bool FileExists(const std::string& path);
+
+/// Whether there is a file or folder of that path.
+bool PathExists(const std::string& path);
+
+/// The files of a folder with this ending, by name, in their order; none when there is no such folder.
+std::vector<std::string> FilesIn(const std::string& folder, const std::string& ending);
 
 /// The path of a file in a folder, by its name in any case; folder and name as given when there is none.
 std::string FindFile(const std::string& folder, const std::string& name);

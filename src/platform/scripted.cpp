@@ -48,7 +48,7 @@ std::optional<std::string> ScriptedPlatform::AskForFile(const FileDialog& dialog
         Files.pop_front();
     }
     const bool open = dialog.For == FileDialog::Purpose::Open;
-    Dialogs.push_back({open ? "open" : "save", dialog.Name, dialog.Filter, given});
+    Dialogs.push_back({open ? "open" : "save", dialog.Name, dialog.Filter, given, dialog.Folder});
     return given;
 }
 

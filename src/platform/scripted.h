@@ -29,6 +29,7 @@ public:
     struct ShownDialog {
         std::string Kind, Name, Filter;
         std::optional<std::string> Given;
+        std::string Folder = {};
     };
     std::vector<ShownBox> Boxes;
     std::vector<ShownDialog> Dialogs;

@@ -107,8 +107,8 @@ struct EntryField {
     int Share;
 };
 constexpr EntryField EntryFields[] = {
-    {&W::lblXI, &W::txtXI, 5},     {&W::lblYJ, &W::txtYJ, 5}, {&W::lblZK, &W::txtZK, 5},
-    {&W::lblFKTL, &W::txtFKTL, 4}, {&W::lblH, &W::txtH, 4},
+    {&W::lblXI, &W::txtXI, 10},    {&W::lblYJ, &W::txtYJ, 10}, {&W::lblZK, &W::txtZK, 10},
+    {&W::lblFKTL, &W::txtFKTL, 8}, {&W::lblH, &W::txtH, 8},
 };
 
 /// A box below its label.
@@ -134,14 +134,14 @@ void LayOutEntry(const ControlWidgets& widgets)
 
     // The code's letter stands above its digits, behind the word.
     QBoxLayout* const caption = new QBoxLayout(QBoxLayout::LeftToRight);
-    caption->setSpacing(Gap);
+    caption->setSpacing(2);
     caption->addWidget(Of(widgets, main.lblCode));
     caption->addWidget(Of(widgets, main.lblGMcode));
     caption->addStretch();
     QFont bold = Of(widgets, main.lblGMcode)->font();
     bold.setBold(true);
     Of(widgets, main.lblGMcode)->setFont(bold);
-    row->addLayout(FieldCell(widgets, caption, main.txtGMcode), 5);
+    row->addLayout(FieldCell(widgets, caption, main.txtGMcode), 11);
     for (const EntryField& field : EntryFields) {
         QLayoutItem* const label = new QWidgetItem(Of(widgets, main.*field.Label));
         row->addLayout(FieldCell(widgets, label, main.*field.Box), field.Share);
@@ -266,7 +266,7 @@ void LayOutSettings(const ControlWidgets& widgets)
     LayOutColor(widgets, main.frSettingsAbs, main.lblSettingsAbsColor, main.cmdSettingsColorAbsolute);
     AddAll(widgets, *column,
            {&main.chkSettingsAutowidth, &main.chkSettingsDWC, &main.frSettingsIncr, &main.frSettingsAbs,
-            &main.cmdResetAll});
+            &main.lblSettingsLanguage, &main.cboLanguage, &main.cmdResetAll});
     column->addStretch();
 
     column = PageColumn(widgets, 1);

@@ -2,6 +2,7 @@
 
 #include "commands/keyboard.h"
 #include "commands/session.h"
+#include "commands/windows.h"
 #include "core/main_window.h"
 #include "core/shared_state.h"
 #include "editor/find.h"
@@ -46,9 +47,10 @@ Desktop::~Desktop()
     qApp->removeEventFilter(this);
 }
 
-void Desktop::AddWindow(QWidget* window, std::function<void()> render)
+void Desktop::AddWindow(Control& form, QWidget* window, std::function<void()> render)
 {
-    Windows.push_back({window, std::move(render)});
+    Widgets.Add(form, window);
+    Windows.push_back({&form, window, std::move(render)});
 }
 
 void Desktop::StartTick()
@@ -86,16 +88,19 @@ void Desktop::Render()
     InEvent = true;
     Widgets.Push();
     for (const Window& window : Windows) window.Render();
+    PushActiveWindow();
     PushFocus();
     InEvent = false;
 }
 
-bool Desktop::IsOurs(const QObject* receiver) const
+Control* Desktop::FormOf(const QObject* receiver) const
 {
-    if (receiver == nullptr || !receiver->isWidgetType()) return false;
+    if (receiver == nullptr || !receiver->isWidgetType()) return nullptr;
     const QWidget* const window = static_cast<const QWidget*>(receiver)->window();
-    return std::any_of(Windows.begin(), Windows.end(),
-                       [&](const Window& ours) { return ours.Widget == window; });
+    for (const Window& ours : Windows) {
+        if (ours.Widget == window) return ours.Form;
+    }
+    return nullptr;
 }
 
 void Desktop::CopyCaretIn()
@@ -103,6 +108,17 @@ void Desktop::CopyCaretIn()
     Control* const box = TypingBox();
     if (box == nullptr) return;
     if (const QWidget* const widget = Widgets.Of(*box)) CopyIn(*widget, *box);
+}
+
+void Desktop::PushActiveWindow()
+{
+    const Control* const active = &ActiveWindow();
+    if (active == PushedActive) return;
+    PushedActive = active;
+    QWidget* const window = Widgets.Of(*active);
+    if (window == nullptr || !window->isVisible() || window->isActiveWindow()) return;
+    window->raise();
+    window->activateWindow();
 }
 
 void Desktop::PushFocus()
@@ -163,25 +179,26 @@ bool Desktop::eventFilter(QObject* receiver, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::ShortcutOverride: {
-        if (!IsOurs(receiver)) break;
+        if (FormOf(receiver) == nullptr) break;
         const auto key = KeyStrokeOf(*static_cast<QKeyEvent*>(event));
         if (!key || !IsShortcut(*key)) break;
         event->accept();
         return true;
     }
     case QEvent::KeyPress:
-        if (IsOurs(receiver) && qobject_cast<QMenuBar*>(receiver) == nullptr)
+        if (FormOf(receiver) != nullptr && qobject_cast<QMenuBar*>(receiver) == nullptr)
             return TakeKey(receiver, static_cast<QKeyEvent*>(event));
         break;
     case QEvent::InputMethod:
-        if (IsOurs(receiver)) return TakeInputMethod(static_cast<QInputMethodEvent*>(event));
+        if (FormOf(receiver) != nullptr) return TakeInputMethod(static_cast<QInputMethodEvent*>(event));
         break;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-        if (IsOurs(receiver)) return TakePress(receiver);
+        if (FormOf(receiver) != nullptr) return TakePress(receiver);
         break;
     case QEvent::MouseButtonRelease:
-        if (IsOurs(receiver)) return TakeRelease(receiver, static_cast<QMouseEvent*>(event)->position());
+        if (FormOf(receiver) != nullptr)
+            return TakeRelease(receiver, static_cast<QMouseEvent*>(event)->position());
         break;
     default: break;
     }
@@ -193,6 +210,9 @@ bool Desktop::TakeKey(QObject* receiver, QKeyEvent* event)
     const auto key = KeyStrokeOf(*event);
     if (!key) return false;
     event->accept();
+    // Keys come to the window that is in front on the screen, so it is in front for the engine too.
+    Control* const form = FormOf(receiver);
+    if (form != &frmFind.Window && form != &ActiveWindow()) Run([&] { BringToFront(*form); });
     OfferAndType(*key, receiver, event);
     return true;
 }
@@ -216,13 +236,17 @@ void Desktop::OfferAndType(const KeyStroke& key, QObject* receiver, QKeyEvent* n
     Run([&] { left = OfferKey(key); });
     if (!left || Shared.Ended || receiver == nullptr) return;
     Control* const box = TypingBox();
+    if (box != nullptr && LeaveSelection(*Widgets.Of(*box), *left)) return;
     const bool otherCase = left->Name == KeyName::Character && left->Typed != key.Typed;
     if (box != nullptr && otherCase) {
         QWidget* const widget = Widgets.Of(*box);
         TypeCharacter(*widget, left->Typed);
         CopyIn(*widget, *box);
     } else {
-        receiver->event(native);
+        // Keys may come to the old window for a moment after another was opened for them.
+        QWidget* target = box != nullptr ? Widgets.Of(*box) : nullptr;
+        while (target != nullptr && target->focusProxy() != nullptr) target = target->focusProxy();
+        static_cast<QObject*>(target != nullptr ? target : receiver)->event(native);
     }
 }
 

@@ -28,7 +28,7 @@ public:
     ControlWidgets Widgets;
 
     /// Takes in a window whose keys and clicks are the engine's. `render` pushes what is its own.
-    void AddWindow(QWidget* window, std::function<void()> render);
+    void AddWindow(Control& form, QWidget* window, std::function<void()> render);
 
     /// Runs a routine of the engine as one event. Nothing while another event runs.
     void Run(const std::function<void()>& routine);
@@ -48,9 +48,12 @@ public:
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
-    bool IsOurs(const QObject* receiver) const;
+    /// The record of the window that a widget stands in, null for a window that isn't ours.
+    Control* FormOf(const QObject* receiver) const;
     void CopyCaretIn();
     void PushFocus();
+    /// Brings the window that the engine has chosen to the front.
+    void PushActiveWindow();
     bool TakeKey(QObject* receiver, QKeyEvent* event);
     bool TakeInputMethod(QInputMethodEvent* event);
     /// Offers a key and lets the widget type what is left; `native` is the event to type with, if any.
@@ -59,6 +62,7 @@ private:
     bool TakeRelease(QObject* receiver, const QPointF& at);
 
     struct Window {
+        Control* Form;
         QWidget* Widget;
         std::function<void()> Render;
     };
@@ -67,4 +71,5 @@ private:
     QtPlatform Platform;
     QTimer Tick;
     bool InEvent = false;
+    const Control* PushedActive = nullptr;
 };

@@ -3,6 +3,7 @@
 #include "commands/keyboard.h"
 #include "commands/load.h"
 #include "commands/window.h"
+#include "commands/windows.h"
 #include "core/control_names.h"
 #include "core/main_window.h"
 #include "core/shared_state.h"
@@ -58,12 +59,11 @@ MainFrame::MainFrame(Desktop& desktop) : Events(desktop), Content(new QWidget(th
     LayOutPanes(desktop.Widgets);
     ConnectList();
     setMinimumSize(ToPixels(*this, MinWidth), ToPixels(*this, MinHeight));
-    desktop.AddWindow(this, [this] { Render(); });
+    desktop.AddWindow(frmMain.Window, this, [this] { Render(); });
 }
 
 void MainFrame::MakeWidgets()
 {
-    Events.Widgets.Add(frmMain.Window, this);
     frmMain.ForEach([&](Control& record) {
         if (record.Is == Kind::Menu) return;
         QWidget* parent = record.In == &frmMain.Window ? Content : Events.Widgets.Of(*record.In);
@@ -83,16 +83,22 @@ void MainFrame::ConnectList()
     };
 }
 
+void MainFrame::TakeScreen()
+{
+    const QRect screen = this->screen()->geometry();
+    Shared.Screen = {ToTwips(*this, screen.width()), ToTwips(*this, screen.height()),
+                     ToTwips(*this, this->screen()->availableGeometry().height())};
+}
+
 void MainFrame::Open()
 {
-    const QRect screen = this->screen()->geometry(), work = this->screen()->availableGeometry();
-    Shared.Screen = {ToTwips(*this, screen.width()), ToTwips(*this, screen.height()),
-                     ToTwips(*this, work.height())};
-    // In the middle of the screen.
+    // Where it was, as far as the screen of today has room there.
     const Control& window = frmMain.Window;
-    const QSize size(ToPixels(*this, window.Width), ToPixels(*this, window.Height));
-    QRect place(QPoint(), size);
-    place.moveCenter(work.center());
+    const QRect work = this->screen()->availableGeometry();
+    QRect place(ToPixels(*this, window.Left), ToPixels(*this, window.Top), ToPixels(*this, window.Width),
+                ToPixels(*this, window.Height));
+    place.moveLeft(std::max(work.left(), std::min(place.left(), work.right() + 1 - place.width())));
+    place.moveTop(std::max(work.top(), std::min(place.top(), work.bottom() + 1 - place.height())));
     setGeometry(place);
     Events.Render();
     show();
@@ -190,12 +196,7 @@ void MainFrame::changeEvent(QEvent* event)
         break;
     case QEvent::ActivationChange:
         // From another window of the program, not from a box.
-        if (isActiveWindow() && IsFindInFront()) {
-            Events.RunLater([] {
-                BringMainToFront();
-                Form_Activate();
-            });
-        }
+        if (isActiveWindow()) Events.RunLater([] { BringToFront(frmMain.Window); });
         break;
     case QEvent::PaletteChange: Events.RunLater([] {}); break;
     default: break;
@@ -204,7 +205,7 @@ void MainFrame::changeEvent(QEvent* event)
 
 void MainFrame::closeEvent(QCloseEvent* event)
 {
-    Events.Run(mnuExit_Click);
+    Events.Run([] { CloseWindow(frmMain.Window); });
     event->setAccepted(Shared.Ended);
 }
 
@@ -226,7 +227,6 @@ FindFrame::FindFrame(Desktop& desktop, QWidget* parent)
     : QDialog(parent, Qt::Tool | Qt::WindowStaysOnTopHint), Events(desktop)
 {
     setWindowTitle("Find");
-    desktop.Widgets.Add(frmFind.Window, this);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 8, 8, 8);
     QWidget* const box = desktop.Widgets.Make(frmFind.txtFind, this);
@@ -235,7 +235,7 @@ FindFrame::FindFrame(Desktop& desktop, QWidget* parent)
     layout->addStretch();
     desktop.ConnectWidgets(frmFind.txtFind);
     resize(ToPixels(*this, 2100), ToPixels(*this, 1200));
-    desktop.AddWindow(this, [this] { Render(); });
+    desktop.AddWindow(frmFind.Window, this, [this] { Render(); });
 }
 
 void FindFrame::Render()
@@ -249,11 +249,11 @@ void FindFrame::changeEvent(QEvent* event)
 {
     QDialog::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow() && !IsFindInFront())
-        Events.RunLater(BringFindToFront);
+        Events.RunLater([] { BringToFront(frmFind.Window); });
 }
 
 void FindFrame::closeEvent(QCloseEvent* event)
 {
     event->ignore();
-    Events.Run(HideFind);
+    Events.Run([] { CloseWindow(frmFind.Window); });
 }

@@ -15,6 +15,9 @@ class MainFrame : public QMainWindow
 public:
     explicit MainFrame(Desktop& desktop);
 
+    /// Tells the engine what the screen is. Before the start, which places the windows on it.
+    void TakeScreen();
+
     /// Shows the window with its first state.
     void Open();
 

@@ -60,7 +60,7 @@ PainterCanvas::PainterCanvas(QPainter& painter, int width, int height, Device de
 void PainterCanvas::FillSheet()
 {
     Ground = Settings().Back;
-    To.fillRect(Sheet, QtColor(Ground));
+    To.fillRect(Sheet.toAlignedRect(), QtColor(Ground));
 }
 
 void PainterCanvas::SettingChanged()
@@ -101,13 +101,27 @@ double PainterCanvas::OnPixel(double at) const
     return (std::floor(at * Ratio) + (odd ? 0.5 : 0.0)) / Ratio;
 }
 
+/// A level or upright line of one pixel of the device as a row of them: as sharp, and a hundred times faster
+/// than smoothed. False for a line of another form.
+bool PainterCanvas::PaintThinLine(double x1, double y1, double x2, double y2)
+{
+    const CanvasSettings& settings = Settings();
+    if (settings.Width * Ratio != 1 || settings.Style != PenStyle::Solid) return false;
+    const auto pixel = [](double at) { return static_cast<int>(std::floor(at)); };
+    const QRect line(QPoint(pixel(std::min(x1, x2)), pixel(std::min(y1, y2))),
+                     QPoint(pixel(std::max(x1, x2)), pixel(std::max(y1, y2))));
+    To.fillRect(line, To.pen().color());
+    return true;
+}
+
 void PainterCanvas::PaintLine(double x1, double y1, double x2, double y2)
 {
     if (IsFar(x1) || IsFar(y1) || IsFar(x2) || IsFar(y2)) {
         const double margin = Settings().Width + 100.0;
         if (!ClipLine(Sheet.adjusted(-margin, -margin, margin, margin), x1, y1, x2, y2)) return;
     }
-    if (On == Device::Raster) {
+    if (On == Device::Raster && (x1 == x2 || y1 == y2)) {
+        if (PaintThinLine(x1, y1, x2, y2)) return;
         if (x1 == x2) x1 = x2 = OnPixel(x1);
         if (y1 == y2) y1 = y2 = OnPixel(y1);
     }

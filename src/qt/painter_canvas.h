@@ -30,6 +30,7 @@ private:
     void Apply();
     void FillSheet();
     void PaintLine(double x1, double y1, double x2, double y2);
+    bool PaintThinLine(double x1, double y1, double x2, double y2);
     void PaintFarArc(double radius, double start, double sweep);
     void Hatch(const QRectF& box);
     double OnPixel(double at) const;

@@ -113,6 +113,16 @@ void PushSelection(QWidget& widget, const Control& record)
     }
 }
 
+bool LeaveSelection(QWidget& widget, const KeyStroke& key)
+{
+    const bool left = key.Name == KeyName::Left, right = key.Name == KeyName::Right;
+    QLineEdit* const line = LineOf(widget);
+    if (line == nullptr || !line->hasSelectedText() || key.Shift || key.Ctrl || !(left || right))
+        return false;
+    line->setCursorPosition(left ? line->selectionStart() : line->selectionEnd());
+    return true;
+}
+
 void TypeCharacter(QWidget& widget, char typed)
 {
     if (auto* edit = qobject_cast<QPlainTextEdit*>(&widget)) {

@@ -18,5 +18,9 @@ void PushText(QWidget& widget, const Control& record);
 /// Puts the record's selection into the widget where it differs.
 void PushSelection(QWidget& widget, const Control& record);
 
+/// [LEFT] and [RIGHT] leave a selection at its start or end. False when there is none, or the widget does so
+/// itself.
+bool LeaveSelection(QWidget& widget, const KeyStroke& key);
+
 /// Replaces the selection by a character, as if it had been typed.
 void TypeCharacter(QWidget& widget, char typed);

@@ -1,12 +1,12 @@
 #include "settings/language.h"
 
+#include "core/app_data.h"
 #include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/messages.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
 #include "platform/files.h"
-#include "platform/platform.h"
 #include "settings/setting_rows.h"
 
 #include <functional>
@@ -64,8 +64,8 @@ void TakeSystemVariable(const KeyValue& line, size_t)
     if (EqualsNoCase(line.Key, "Translated by")) Shared.TranslatorName = line.Value;
     if (!EqualsNoCase(line.Key, "Help File Name")) return;
     std::string help;
-    const std::string path = ThePlatform->ProgramFolder() + "/Help/" + line.Value;
-    if (FileExists(path) && !ReadWholeFile(path, help)) frmMain.rtfHelp.Text = help;
+    const std::string path = InstalledPath("help/" + line.Value);
+    if (!path.empty() && !ReadWholeFile(path, help)) frmMain.rtfHelp.Text = help;
 }
 
 /// Only English has words short enough for the tool bar; other languages have the pictures alone.
@@ -123,9 +123,20 @@ void EndSettings()
     }
 }
 
+/// Keys and values can't hold brackets and equals signs: braces and a tilde stand for them.
+std::string Unescaped(std::string text)
+{
+    for (char& c : text) {
+        if (c == '{') c = '[';
+        if (c == '}') c = ']';
+        if (c == '~') c = '=';
+    }
+    return text;
+}
+
 void TakeOwnText(const KeyValue& line, size_t)
 {
-    Translated.Own[line.Key] = line.Value;
+    Translated.Own[Unescaped(line.Key)] = Unescaped(line.Value);
 }
 
 CaptionRow FrameCaption(const char* key, Control (W::*frames)[8])

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -14,6 +15,8 @@ struct Holding {
     Control* Holder = nullptr;
     /// The holder's GotFocus has run, so its LostFocus is due when it goes.
     bool Entered = false;
+    /// One that lost the focus without its LostFocus, which is still owed.
+    Control* Owes = nullptr;
 };
 
 struct FocusState {
@@ -103,7 +106,7 @@ void SetFocus(Control& control)
     if (focus.Holder == &control || !IsUsable(control)) return;
     Control* const from = focus.Holder;
     const bool due = focus.Entered && from != nullptr && IsUsable(*from);
-    focus = {&control, false};
+    focus = {&control, false, focus.Owes == &control ? nullptr : focus.Owes};
     const int move = ++Focus.Moves;
     if (due && from->On.LostFocus != nullptr) from->On.LostFocus(*from);
     if (Focus.Moves != move) return;
@@ -139,8 +142,14 @@ void MendFocus()
 void DropFocus(Control& of)
 {
     const Control& window = WindowOf(of);
-    FocusIn(window) = {};
+    Holding& focus = FocusIn(window);
+    focus = {nullptr, false, focus.Entered ? focus.Holder : focus.Owes};
     if (&window == &frmMain.Window) SetFocus(frmMain.lvCncProgram);
+}
+
+Control* TakeOwedFocus()
+{
+    return std::exchange(FocusIn(frmMain.Window).Owes, nullptr);
 }
 
 void ResetFocus()

@@ -44,5 +44,8 @@ void MendFocus();
 /// The same for one control's window at once.
 void DropFocus(Control& of);
 
+/// The control of the main window that lost the focus so and has not had it since, null for none; asked once.
+Control* TakeOwedFocus();
+
 /// Takes the focus from whoever has it, without events.
 void ResetFocus();

@@ -2,6 +2,7 @@
 
 #include "core/control_names.h"
 #include "core/main_window.h"
+#include "core/messages.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
 #include "core/text.h"
@@ -113,8 +114,8 @@ bool RefuseWhileBusy()
 {
     if (!Busy()) return false;
     frmMain.lvCncProgram.ToolTip = Shared.Transmitting
-                                       ? "A program is being transmitted: press Stop first"
-                                       : "The program is being stepped through: press Stop first";
+                                       ? Tr("A program is being transmitted: press Stop first")
+                                       : Tr("The program is being stepped through: press Stop first");
     return true;
 }
 
@@ -194,7 +195,7 @@ std::string MessageText()
     const auto shown = own ? lvCncProgram.Rows.begin() + (selected - 1)
                            : std::find_if(lvCncProgram.Rows.begin(), lines, HasMessage);
     std::string text = "N" + std::string(Trimmed((*shown)[CellN])) + ":  " + (*shown)[CellError];
-    if (count > 1) text += "     (" + std::to_string(count) + " lines with messages)";
+    if (count > 1) text += "     (" + Tr("%1 lines with messages", {std::to_string(count)}) + ")";
     return text;
 }
 
@@ -212,7 +213,7 @@ void ShowHint()
     hint.clear();
     if (focused == nullptr || IsHelpUp()) return;
     if (Shared.RunMode) {
-        hint = "[ALT-S] does the selected line, Stop goes back to the editor";
+        hint = Tr("[ALT-S] does the selected line, Stop goes back to the editor");
         return;
     }
     if (focused->In != &frmMain.frEntry && focused != &frmMain.lvCncProgram) return;
@@ -223,8 +224,8 @@ void ShowHint()
         if (focused == &frmMain.txtGMcode) hint += "; " + focused->ToolTip;
         return;
     }
-    hint += focused->Tag.substr(0, to) + " to " + focused->Tag.substr(to + 2);
+    hint += Tr("%1 to %2", {focused->Tag.substr(0, to), focused->Tag.substr(to + 2)});
     constexpr std::string_view Lengths = "X Y Z I J K R D";
     if (Lengths.find(AccessibleName(*focused)) != std::string_view::npos)
-        hint += ", in " + frmMain.lblEntryUnits.Text;
+        hint += ", " + Tr("in %1", {frmMain.lblEntryUnits.Text});
 }

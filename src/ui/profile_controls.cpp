@@ -2,6 +2,7 @@
 
 #include "core/app_data.h"
 #include "core/main_window.h"
+#include "core/messages.h"
 #include "core/profile.h"
 #include "core/program_list.h"
 #include "core/text.h"
@@ -201,7 +202,7 @@ void SetUnits(bool metric)
     Shared.Metric = metric;
     frmMain.mnuMMtoINCH.Enabled = metric;
     frmMain.mnuINCHtoMM.Enabled = !metric;
-    frmMain.lblEntryUnits.Text = metric ? "1/100 mm: 1000 = 10.00 mm" : "1/1000 inch: 1000 = 1.000 inch";
+    frmMain.lblEntryUnits.Text = Tr(metric ? "1/100 mm: 1000 = 10.00 mm" : "1/1000 inch: 1000 = 1.000 inch");
     const bool mill = Shared.Machine == MachineKind::F1;
     for (const UnitsRow& row : UnitsTable) {
         if (row.Mill != mill || row.Metric != metric || row.Horizontal != Shared.Horizontal) continue;

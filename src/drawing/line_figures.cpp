@@ -1,0 +1,106 @@
+#include "drawing/line_figures.h"
+
+#include "core/vector.h"
+#include "drawing/drawing_state.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using Op = Operation::Kind;
+
+double DistanceToLine(double x, double y, const std::array<float, 5>& at)
+{
+    const double dx = double{at[2]} - at[0], dy = double{at[3]} - at[1];
+    const double square = dx * dx + dy * dy;
+    const double part =
+        square == 0 ? 0 : std::clamp(((x - at[0]) * dx + (y - at[1]) * dy) / square, 0.0, 1.0);
+    return std::hypot(at[0] + part * dx - x, at[1] + part * dy - y);
+}
+
+double DistanceToArc(double x, double y, const std::array<float, 5>& at)
+{
+    const double angle = VectorAngle(x - at[0], at[1] - y);
+    double sweep = double{at[4]} - at[3], turn = angle - at[3];
+    if (sweep < 0) sweep += 2 * Pi;
+    if (turn < 0) turn += 2 * Pi;
+    if (turn <= sweep) return std::abs(std::hypot(x - at[0], y - at[1]) - at[2]);
+    const auto toEnd = [&](double end) {
+        return std::hypot(at[0] + at[2] * std::cos(end) - x, at[1] - at[2] * std::sin(end) - y);
+    };
+    return std::min(toEnd(at[3]), toEnd(at[4]));
+}
+
+/// Takes the figures of the picture one by one, complete in themselves, with the line that they belong to.
+template <class Visit> class Figures : public DrawCanvas
+{
+public:
+    explicit Figures(Visit visit) : Take(visit) {}
+
+    void Run()
+    {
+        const auto& operations = Picture.Operations();
+        auto start = Drawing.LineStarts.begin();
+        for (size_t i = 0; i < operations.size(); ++i) {
+            for (; start != Drawing.LineStarts.end() && start->Operation <= i; ++start) Line_ = start->Line;
+            Replay({&operations[i], 1}, *this);
+        }
+    }
+
+protected:
+    void Clear() override {}
+    void Line(float x1, float y1, float x2, float y2) override
+    {
+        Take(Line_, {Op::DrawLine, 0, {x1, y1, x2, y2}});
+    }
+    void Box(float x, float y) override
+    {
+        Line(x, y, PenX(), y);
+        Line(PenX(), y, PenX(), PenY());
+        Line(PenX(), PenY(), x, PenY());
+        Line(x, PenY(), x, y);
+    }
+    void Point() override { Take(Line_, {Op::SetPoint, 0, {PenX(), PenY()}}); }
+    void Circle(float) override {}
+    void Arc(float radius, float start, float end) override
+    {
+        Take(Line_, {Op::DrawArc, 0, {PenX(), PenY(), radius, start, end}});
+    }
+
+private:
+    Visit Take;
+    int Line_ = 0;
+};
+
+template <class Visit> void ForEachFigure(Visit visit)
+{
+    Figures<Visit>(visit).Run();
+}
+
+} // namespace
+
+int LineAt(double x, double y, double distance)
+{
+    int found = 0;
+    ForEachFigure([&](int line, const Operation& figure) {
+        if (line == 0) return;
+        double away = 0;
+        switch (figure.Is) {
+        case Op::DrawLine: away = DistanceToLine(x, y, figure.At); break;
+        case Op::DrawArc: away = DistanceToArc(x, y, figure.At); break;
+        default: away = std::hypot(figure.At[0] - x, figure.At[1] - y);
+        }
+        if (away <= distance) found = line;
+    });
+    return found;
+}
+
+std::vector<Operation> FiguresOfLine(int line)
+{
+    std::vector<Operation> figures;
+    ForEachFigure([&](int of, const Operation& figure) {
+        if (of == line) figures.push_back(figure);
+    });
+    return figures;
+}

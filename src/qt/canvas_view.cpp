@@ -1,0 +1,151 @@
+#include "qt/canvas_view.h"
+
+#include "commands/windows.h"
+#include "core/draw_window.h"
+#include "core/program_list.h"
+#include "drawing/drawing_state.h"
+#include "drawing/line_figures.h"
+#include "drawing/measure.h"
+#include "drawing/view.h"
+
+#include <QMouseEvent>
+
+namespace {
+
+constexpr double TwipsToPixel = 15;
+
+} // namespace
+
+CanvasView::CanvasView(Desktop& desktop, QWidget* parent) : QWidget(parent), Events(desktop)
+{
+    setObjectName("canvas");
+    setAccessibleName("Tool path");
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void CanvasView::Begin()
+{
+    Canvas.reset();
+    if (Painter.isActive()) Painter.end();
+    const double ratio = devicePixelRatioF();
+    Image = QImage((QSizeF(size()) * ratio).toSize().expandedTo({1, 1}), QImage::Format_RGB32);
+    Painter.begin(&Image);
+    // A pixel of the drawing is one of the screen's logical inch, whatever its own pixels are.
+    const double scale = ratio * logicalDpiX() / 96.0;
+    Painter.scale(scale, scale);
+    const double toTwips = TwipsToPixel * 96.0 / logicalDpiX();
+    Canvas = std::make_unique<PainterCanvas>(Painter, static_cast<int>(width() * toTwips) + 15,
+                                             static_cast<int>(height() * toTwips) + 15,
+                                             PainterCanvas::Device::Raster, scale);
+    Painted = 0;
+}
+
+void CanvasView::Render()
+{
+    const auto& operations = Picture.Operations();
+    if (Canvas == nullptr || Generation != Picture.Generation() || Painted > operations.size()) {
+        Begin();
+        Generation = Picture.Generation();
+        MarkedLine = -1;
+    }
+    const bool newLine = MarkedLine != lvCncProgram.Selected;
+    if (Painted < operations.size() || newLine) {
+        Replay({operations.data() + Painted, operations.size() - Painted}, *Canvas);
+        Painted = operations.size();
+        MarkedLine = lvCncProgram.Selected;
+        Mark = FiguresOfLine(MarkedLine);
+        update();
+    }
+    const Qt::CursorShape pointer = Drawing.Crosshair ? Qt::CrossCursor : Qt::ArrowCursor;
+    if (cursor().shape() != pointer) setCursor(pointer);
+}
+
+void CanvasView::PaintMark(QPainter& painter) const
+{
+    if (Mark.empty()) return;
+    painter.save();
+    const double scale = logicalDpiX() / 96.0;
+    painter.scale(scale, scale);
+    painter.setOpacity(0.55);
+    PainterCanvas canvas(painter, frmDraw.Window.Width, frmDraw.Window.Height, PainterCanvas::Device::Vector);
+    canvas.SetBackColor(Picture.Settings().Back);
+    constexpr Color Orange = 0x20A0FF;
+    canvas.SetForeColor(Orange);
+    canvas.SetPenWidth(5);
+    Replay(Mark, canvas);
+    painter.restore();
+}
+
+void CanvasView::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(this);
+    const double ratio = devicePixelRatioF();
+    const QRect part = event->rect();
+    painter.drawImage(part, Image, QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio));
+    PaintMark(painter);
+}
+
+void CanvasView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    Generation = -1;
+    Render();
+}
+
+QPointF CanvasView::InTwips(const QPointF& at) const
+{
+    return at * (TwipsToPixel * 96.0 / logicalDpiX());
+}
+
+void CanvasView::mousePressEvent(QMouseEvent* event)
+{
+    const QPointF at = InTwips(event->position());
+    if (event->button() == Qt::MiddleButton) {
+        Held = at;
+        return;
+    }
+    Events.Run([&] {
+        BringToFront(frmDraw.Window);
+        frmDraw_MouseDown(at.x(), at.y());
+    });
+}
+
+void CanvasView::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointF at = InTwips(event->position());
+    Events.Run([&] {
+        if (Held) {
+            MoveZeroPoint(at.x() - Held->x(), at.y() - Held->y());
+            Held = at;
+        }
+        frmDraw_MouseMove(at.x(), at.y());
+    });
+}
+
+void CanvasView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::MiddleButton) Held.reset();
+}
+
+void CanvasView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QPointF at = InTwips(event->position());
+    if (event->button() != Qt::LeftButton) return;
+    Events.Run([&] {
+        if (!frmDraw_DblClick(at.x(), at.y())) frmDraw_MouseDown(at.x(), at.y());
+    });
+}
+
+void CanvasView::wheelEvent(QWheelEvent* event)
+{
+    const QPointF at = InTwips(event->position());
+    const int steps = event->angleDelta().y() > 0 ? 1 : event->angleDelta().y() < 0 ? -1 : 0;
+    if (steps == 0) return;
+    Events.Run([&] {
+        StepScale(steps, at.x(), at.y());
+        frmDraw_MouseMove(at.x(), at.y());
+    });
+    event->accept();
+}
