@@ -120,6 +120,8 @@ struct Stroke {
     Operation::Kind Is;
     QLineF Line;
     double Radius, Start, Sweep;
+    /// Level and upright lines are sharp without smoothing.
+    bool Smooth;
 };
 
 /// Where a level or upright line of this width is sharp; the canvas puts it there too.
@@ -135,13 +137,15 @@ std::vector<Stroke> StrokesOf(const std::vector<Operation>& operations)
     NoCanvas canvas;
     for (const Operation& op : operations) {
         const QPointF from(canvas.PenX() / double{TwipsToPixel}, canvas.PenY() / double{TwipsToPixel});
-        Replay({op}, canvas);
+        Replay({&op, 1}, canvas);
         if (op.Is == Op::ClearCanvas || (op.Is >= Op::SetBackColor && op.Is <= Op::Pen)) continue;
         const QPointF to(canvas.PenX() / double{TwipsToPixel}, canvas.PenY() / double{TwipsToPixel});
         const int width = canvas.Settings().Width;
         QPen pen(QtColor(canvas.Settings().Fore), width);
         pen.setCapStyle(Qt::RoundCap);
         QLineF line(op.Is == Op::DrawLine ? QPointF(op.At[0], op.At[1]) / TwipsToPixel : from, to);
+        const bool straight = op.Is == Op::DrawLine || op.Is == Op::LineTo;
+        const bool smooth = !straight || (line.x1() != line.x2() && line.y1() != line.y2());
         if (line.x1() == line.x2()) {
             const double x = OnPixel(line.x1(), width);
             line = QLineF(x, line.y1(), x, line.y2());
@@ -165,10 +169,11 @@ void FloorOf(benchmark::State& state, const Program& program)
     QImage image = Sheet();
     for (auto _ : state) {
         QPainter painter(&image);
-        painter.setRenderHint(QPainter::Antialiasing);
         painter.fillRect(image.rect(), Qt::black);
         for (const Stroke& stroke : strokes) {
             if (painter.pen() != stroke.Pen) painter.setPen(stroke.Pen);
+            if (painter.testRenderHint(QPainter::Antialiasing) != stroke.Smooth)
+                painter.setRenderHint(QPainter::Antialiasing, stroke.Smooth);
             const QPointF at = stroke.Line.p2();
             const QRectF around(at.x() - stroke.Radius, at.y() - stroke.Radius, 2 * stroke.Radius,
                                 2 * stroke.Radius);

@@ -15,9 +15,10 @@ constexpr int Side = 200; // pixels
 constexpr double Pixel = 15;
 
 /// What is drawn on a black sheet of Side by Side pixels, on a device with `ratio` pixels for each.
-QImage Paint(const std::function<void(DrawCanvas&)>& draw, int ratio = 1)
+QImage Paint(const std::function<void(DrawCanvas&)>& draw, double ratio = 1)
 {
-    QImage image(Side * ratio, Side * ratio, QImage::Format_RGB32);
+    const int pixels = static_cast<int>(Side * ratio);
+    QImage image(pixels, pixels, QImage::Format_RGB32);
     QPainter painter(&image);
     painter.scale(ratio, ratio);
     PainterCanvas canvas(painter, Side * 15, Side * 15, PainterCanvas::Device::Raster, ratio);
@@ -36,7 +37,7 @@ int Light(const QImage& image, int x, int y)
 
 TEST(Painter, StraightLinesAreSharp)
 {
-    for (const int ratio : {1, 2, 3}) {
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
         for (const int width : {1, 2, 3}) {
             for (const double at : {100.0, 100.3, 100.5, 100.9}) {
                 const QImage image = Paint(
@@ -53,7 +54,7 @@ TEST(Painter, StraightLinesAreSharp)
                         partial += light > 0 && light < 255 ? 1 : 0;
                     }
                 }
-                EXPECT_EQ(whole, 2 * width * ratio) << ratio << " " << width << " " << at;
+                EXPECT_EQ(whole, 2 * std::lround(width * ratio)) << ratio << " " << width << " " << at;
                 EXPECT_EQ(partial, 0) << ratio << " " << width << " " << at;
             }
         }
@@ -76,12 +77,13 @@ TEST(Painter, TheHatchRunsDownwardInEveryBoxAlike)
         for (int x = left + 5; x < left + 85; ++x) {
             for (int y = 20; y < 180; ++y) {
                 const int green = qGreen(image.pixel(x, y)), place = (y - x + Side) % 8;
-                EXPECT_TRUE(place != 0 || green > 100) << x << "," << y;
-                EXPECT_TRUE(place != 4 || green == 0) << x << "," << y;
+                EXPECT_GE(green, place == 0 ? 100 : 0) << x << "," << y;
+                EXPECT_LE(green, place == 4 ? 0 : 255) << x << "," << y;
             }
         }
     }
     EXPECT_EQ(Light(image, 98, 100), 0) << "nothing between the boxes";
+    EXPECT_EQ(Light(image, 93, 100), 255) << "their sides";
 }
 
 TEST(Painter, InvertingTwiceRestores)
