@@ -1,26 +1,27 @@
 #!/usr/bin/env bash
 # Builds Brixley and starts it, with FILE when one is named. On a machine without a display this prints the
-# checked program list of FILE instead: every line with its message, tool position, arc and time.
+# checked program list of FILE instead (every line with its message, tool position, arc and time) and draws its
+# tool path into build/drawings.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 
-target=brixley-cli desktop=OFF packages=(g++ cmake ninja-build nlohmann-json3-dev libcli11-dev)
+targets=(brixley-cli brixley-pictures)
+packages=(g++ cmake ninja-build nlohmann-json3-dev libcli11-dev qt6-base-dev qt6-svg-dev)
 if [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]; then
-    target=brixley desktop=ON
-    packages+=(qt6-base-dev libqt6svg6-dev)
+    targets=(brixley)
     [[ -n ${WAYLAND_DISPLAY:-} ]] && packages+=(qt6-wayland)
 fi
 
-[[ -x $here/build/run/$target ]] || echo "The first build takes a minute or two." >&2
+[[ -x $here/build/run/${targets[0]} ]] || echo "The first build takes a few minutes." >&2
 "$here/tools/install-packages" "${packages[@]}"
 (
     cd "$here"
-    cmake --preset release -DBRIXLEY_DESKTOP=$desktop -DBRIXLEY_TESTS=OFF -DBRIXLEY_BENCH=OFF -B build/run >/dev/null
+    cmake --preset release -DBRIXLEY_DESKTOP=ON -DBRIXLEY_TESTS=OFF -DBRIXLEY_BENCH=OFF -B build/run >/dev/null
     log=build/run/build.log
-    cmake --build build/run --target $target >"$log" || { cat "$log"; exit 1; }
+    cmake --build build/run --target "${targets[@]}" >"$log" || { cat "$log"; exit 1; }
 ) >&2
 
-if [[ $target == brixley ]]; then
+if [[ ${targets[0]} == brixley ]]; then
     exec "$here/build/run/brixley" "$@"
 fi
 file=${1:-}
@@ -29,4 +30,14 @@ if [[ -z $file ]]; then
     echo "No file named: showing an example. Use: ./run.sh FILE" >&2
 fi
 echo "The checked program list (there is no display for a window):" >&2
-exec "$here/build/run/brixley-cli" show "$file"
+"$here/build/run/brixley-cli" show "$file"
+
+name=$(basename "$file")
+picture=$here/build/drawings/${name%.*}.png
+mkdir -p "$here/build/drawings"
+if "$here/build/run/brixley-cli" draw "$file" -o "$picture"; then
+    echo "The tool path is drawn in $picture" >&2
+else
+    status=$?
+    ((status == 1)) || exit "$status" # with messages it isn't drawn, which has been said
+fi

@@ -14,12 +14,16 @@
 #include "ui/choice.h"
 
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 
 namespace {
 
 /// Sizes beyond a million twips can't be a picture.
 constexpr int MostTwips = 1'000'000;
+
+/// Pixels of a PNG, which has one for 15 by 15 twips: 400 MB while it is painted.
+constexpr int64_t MostPixels = 100'000'000;
 
 /// Opens the drawing as the window would be opened, and draws it in one go.
 void OpenDrawing(const DrawOptions& options)
@@ -60,6 +64,9 @@ std::string OperationLines()
 /// The drawing as a picture file, which replaces one of its name only when it is whole.
 Outcome WritePicture(const std::string& target, PictureFormat format)
 {
+    const int64_t pixels = int64_t{CanvasWidth()} * CanvasHeight() / (15 * 15);
+    if (format == PictureFormat::Png && pixels > MostPixels)
+        return Failed(target + ": the picture is too large, above " + std::to_string(MostPixels) + " pixels");
     std::string why;
     PaintPictureRoutine* const paint = LoadPicturePainter(why);
     if (paint == nullptr) return Failed(why);

@@ -183,9 +183,8 @@ void LoadSettings(const std::optional<std::string>& argument)
     if (!HasUserFile(EditorFile)) {
         Shared.Machine = MachineKind::MK4;
         Shared.Metric = Shared.Horizontal = false;
-        SetUnits(Shared.Metric);
+        ShowUnits().Value = 1; // chosen by nobody: the presets stay as they are
         ApplyPlainSettings({});
-        ClampFeeds();
         ApplyGeometry({});
         MakeFormCaption();
         if (argument && FileExists(*argument)) LoadFile(*argument);

@@ -98,7 +98,7 @@ Task DrawPocket(PocketWords words)
             Line(there, pocket.RowY(row));
             co_await Delay(pause);
             std::swap(here, there);
-            if (Drawing.AbortDraw) co_return;
+            if (Drawing.AbortDraw && row % 2 == 0) co_return; // the rows come in pairs
         }
 
         // Last row, the allowance inside the far edge.

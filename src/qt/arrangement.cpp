@@ -134,14 +134,14 @@ void LayOutEntry(const ControlWidgets& widgets)
 
     // The code's letter stands above its digits, behind the word.
     QBoxLayout* const caption = new QBoxLayout(QBoxLayout::LeftToRight);
-    caption->setSpacing(2);
+    caption->setSpacing(Gap);
     caption->addWidget(Of(widgets, main.lblCode));
     caption->addWidget(Of(widgets, main.lblGMcode));
     caption->addStretch();
     QFont bold = Of(widgets, main.lblGMcode)->font();
     bold.setBold(true);
     Of(widgets, main.lblGMcode)->setFont(bold);
-    row->addLayout(FieldCell(widgets, caption, main.txtGMcode), 11);
+    row->addLayout(FieldCell(widgets, caption, main.txtGMcode), 12);
     for (const EntryField& field : EntryFields) {
         QLayoutItem* const label = new QWidgetItem(Of(widgets, main.*field.Label));
         row->addLayout(FieldCell(widgets, label, main.*field.Box), field.Share);

@@ -30,9 +30,14 @@ private:
     void Apply();
     void FillSheet();
     void PaintLine(double x1, double y1, double x2, double y2);
-    void PaintFarArc(float radius, double start, double sweep);
+    void PaintThinLine(double x1, double y1, double x2, double y2);
+    void PaintFarArc(double radius, double start, double sweep);
     void Hatch(const QRectF& box);
     double OnPixel(double at) const;
+    int DeviceWidth() const;
+    bool IsThin() const;
+    bool IsInverting() const;
+    void SetSmooth(bool smooth);
 
     QPainter& To;
     QRectF Sheet;

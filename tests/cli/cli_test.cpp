@@ -99,6 +99,17 @@ TEST_F(Cli, WhatCannotBeDoneSaysWhyOnOneLine)
         {"convert good.cnc --to cm -o out.cnc", "cm"},
         {"convert good.cnc --to inch -o sub", "sub"},
         {"show good.cnc >/dev/full", "written"},
+        {"draw good.cnc", "-o"},
+        {"draw good.cnc -o old.gif", ".png"},
+        {"draw good.cnc --ops -o out.svg", "-o"},
+        {"draw good.cnc --ops --canvas 0x900", "--canvas"},
+        {"draw good.cnc --ops --canvas 900", "--canvas"},
+        {"draw good.cnc --ops --canvas 9999999x900", "--canvas"},
+        {"draw good.cnc --ops --zero 1,2,3", "--zero"},
+        {"draw good.cnc --ops --scale 0", "--scale"},
+        {"draw header.cnc --ops", "no lines"},
+        {"draw german.txt --ops", "language module"},
+        {"draw good.cnc --ops >/dev/full", "written"},
     };
     for (const auto& c : cases) {
         const Ran run = Call(c.Words);
@@ -171,5 +182,62 @@ TEST_F(Cli, ConvertsOnlyWhatIsInOtherUnits)
     EXPECT_EQ(Call("convert inch.cnc --to inch -o same.cnc").Status, 0);
     EXPECT_EQ(File("same.cnc"), File("inch.cnc"));
 }
+
+TEST_F(Cli, DrawPrintsTheOperationsOfTheCanvas)
+{
+    const Ran run = Call("draw good.cnc --ops --scale 1 --zero 5000,4000");
+    EXPECT_EQ(run.Status, 0);
+    EXPECT_TRUE(run.Out.starts_with("[\"ClearCanvas\"]\n")) << run.Out;
+    for (const char* line : {"[\"DrawLine\",0,4000,12000,4000]\n", "[\"DrawLine\",5000,0,5000,9000]\n",
+                             "[\"SetForeColor\",\"#00ff00\"]\n[\"DrawLine\",5000,4000,5100,5000]\n",
+                             "[\"SetForeColor\",\"#0000ff\"]\n[\"DrawLine\",5100,5000,4000,5000]\n"})
+        EXPECT_NE(run.Out.find(line), std::string::npos) << line;
+    // A scale alone keeps the drawing in the middle.
+    const Ran centred = Call("draw good.cnc --ops --scale 2 --canvas 15000x12000");
+    EXPECT_NE(centred.Out.find("[\"DrawLine\",8400,4500,8600,6500]"), std::string::npos) << centred.Out;
+
+    const Ran refused = Call("draw bad.cnc --ops");
+    EXPECT_EQ(refused.Status, 1);
+    EXPECT_EQ(refused.Out, "");
+    EXPECT_NE(refused.Err.find("2 messages"), std::string::npos);
+    EXPECT_EQ(Call("draw bad.cnc --ops --force").Status, 0);
+}
+
+#ifdef BRIXLEY_PICTURES
+TEST_F(Cli, DrawWritesAPictureOrKeepsWhatWasThere)
+{
+    const std::pair<const char*, const char*> formats[] = {
+        {"new.svg", "<?xml"}, {"new.png", "\x89PNG"}, {"new.PDF", "%PDF"}};
+    for (const auto& [name, start] : formats) {
+        const Ran run = Call(std::string("draw good.cnc --white -o ") + name);
+        EXPECT_EQ(run.Status, 0) << run.Err;
+        EXPECT_EQ(run.Out + run.Err, "") << name;
+        EXPECT_TRUE(File(name).starts_with(start)) << name;
+        EXPECT_GT(File(name).size(), 1000U) << name;
+    }
+    Work.Put("kept.png", "old");
+    const struct {
+        const char* Words;
+        int Status;
+        const char* Why;
+    } failures[] = {
+        {"draw bad.cnc -o kept.png", 1, "not drawn"},
+        {"draw good.cnc -o kept.png --canvas 1000000x1000000", 2, "too large"}, // 17 GB
+        {"draw good.cnc -o sub/../missing/kept.png", 2, "kept.png"},
+        {"--version >/dev/null; ulimit -f 1; '" BRIXLEY_CLI "' draw good.cnc -o kept.png 2>>.err", 2,
+         "kept.png"},
+        {"--version >/dev/null; cp '" BRIXLEY_CLI "' alone; ./alone draw good.cnc -o kept.png 2>>.err", 2,
+         "brixley-pictures.so"},
+    };
+    for (const auto& c : failures) {
+        const Ran run = Call(c.Words);
+        EXPECT_EQ(run.Status, c.Status) << c.Words;
+        EXPECT_EQ(run.Out, "") << c.Words;
+        EXPECT_TRUE(File("kept.png") == "old") << c.Words;
+        EXPECT_NE(run.Err.find(c.Why), std::string::npos) << c.Words << ": " << run.Err;
+        EXPECT_EQ(std::count(run.Err.begin(), run.Err.end(), '\n'), 1) << c.Words << ": " << run.Err;
+    }
+}
+#endif
 
 } // namespace
