@@ -57,6 +57,7 @@ constexpr Place Places[] = {
 std::string PlaceOfFocus()
 {
     if (Shared.RunLocked) return "run";
+    if (Focused() == &frmMain.txtGMcode && frmMain.txtGMcode.Text.empty()) return ""; // a first look
     for (const Control* at = Focused(); at != nullptr; at = at->In) {
         for (const Place& place : Places) {
             if (at == &(frmMain.*place.Of)) return place.Anchor;

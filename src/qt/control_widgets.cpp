@@ -139,7 +139,7 @@ void PushCaption(QWidget& widget, const Control& record)
     } else if (auto* pane = dynamic_cast<Pane*>(&widget)) {
         pane->SetCaption(text);
     } else if (auto* page = dynamic_cast<HelpPage*>(&widget)) {
-        page->setHtml(text);
+        page->SetPage(text);
     }
 }
 

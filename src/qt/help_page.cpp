@@ -19,11 +19,29 @@ HelpPage::HelpPage(QWidget* parent) : QTextBrowser(parent)
     document()->setDocumentMargin(16);
     setViewportMargins(0, TopMargin, 0, 0);
     setSearchPaths({QString::fromStdString(InstalledPath("help"))});
+    setAutoFillBackground(true); // nothing shows through beside the search
+    setBackgroundRole(QPalette::Base);
     // What was found is marked while the keys are in the search.
     QPalette colors = palette();
     for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
         colors.setColor(QPalette::Inactive, role, colors.color(QPalette::Active, role));
     setPalette(colors);
+}
+
+void HelpPage::SetPage(const QString& html)
+{
+    const bool dark = palette().color(QPalette::Base).lightness() < 128;
+    document()->setDefaultStyleSheet(dark ? "a { color: #7fb8ff; }" : "a { color: #0b57a4; }");
+    setHtml(html);
+}
+
+void HelpPage::resizeEvent(QResizeEvent* event)
+{
+    QScrollBar& bar = *verticalScrollBar();
+    const bool atStart = bar.value() == 0;
+    const QTextCursor first = cursorForPosition({0, 0});
+    QTextBrowser::resizeEvent(event);
+    if (!atStart) bar.setValue(bar.value() + cursorRect(first).top());
 }
 
 void HelpPage::Render(const Control& record)

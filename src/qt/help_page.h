@@ -11,8 +11,15 @@ class HelpPage : public QTextBrowser
 public:
     explicit HelpPage(QWidget* parent);
 
+    /// Shows the text of a page, with links that stand out from the ground.
+    void SetPage(const QString& html);
+
     /// Goes to the place that was asked for last, and to the next place with the text searched for.
     void Render(const Control& record);
+
+protected:
+    /// The first line stays the first.
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void Find(const QString& text);
