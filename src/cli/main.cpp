@@ -24,6 +24,7 @@ struct Arguments {
     std::vector<std::string> Files, Columns;
     std::string File, Target, Units, Script, Keys;
     bool Json = false;
+    int Ports = 1;
     DrawOptions Draw;
     std::string Canvas, Zero;
     double Scale = 0;
@@ -148,6 +149,9 @@ void AddKeysOptions(CLI::App& command, Arguments& arguments)
     CLI::Option* const script =
         command.add_option("--script", arguments.Script, "file with the script, - for standard input");
     command.add_option("--keys", arguments.Keys, "the script itself")->excludes(script)->expected(0, 1);
+    command.add_option("--ports", arguments.Ports, "how many serial ports there are")
+        ->check(CLI::Range(0, MaxPorts))
+        ->capture_default_str();
     command.add_flag("--json", arguments.Json, "print the whole state as JSON");
 }
 
@@ -220,7 +224,7 @@ constexpr Command Commands[] = {
      [](const Arguments& a) {
          const auto script = ReadScript(a);
          if (!script) return Failed(a.Script + ": the script can't be read");
-         return TypeKeys(a.Load, a.File, *script, a.Json, WantsColor());
+         return TypeKeys(a.Load, a.File, *script, a.Ports, a.Json, WantsColor());
      }},
     {"fingerprint", "print one number that pins the behaviour over all files", AddFiles,
      [](const Arguments& a) { return FingerprintFiles(a.Load, a.Files); }},

@@ -36,11 +36,13 @@ std::string AbsolutePath(const std::string& file)
     return failed ? path.string() : (folder / path.filename()).string();
 }
 
-void BeginProgram(const LoadOptions& options, const std::string& dataFolder)
+void BeginProgram(const LoadOptions& options, const std::string& dataFolder, int ports)
 {
     Console = {};
     Console.DataFolder = dataFolder;
+    Console.Port.Count = ports;
     ThePlatform = &Console;
+    ThePort = &Console.Port;
     ResetState();
     Drawing.PausesTakeTime = false;
     Drawing.YieldAfter = 0;

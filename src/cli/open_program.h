@@ -27,8 +27,9 @@ extern ScriptedPlatform Console;
 /// The file's path from the root on; links in its folders are followed, the file itself may be one.
 std::string AbsolutePath(const std::string& file);
 
-/// Starts anew with an empty program. The user's data lies in dataFolder; "" for a run that has none.
-void BeginProgram(const LoadOptions& options, const std::string& dataFolder = "");
+/// Starts anew with an empty program. The user's data lies in dataFolder; "" for a run that has none. The
+/// serial ports only record.
+void BeginProgram(const LoadOptions& options, const std::string& dataFolder = "", int ports = 1);
 
 /// Loads the file into the program that was begun. Returns why that failed.
 std::optional<std::string> LoadInto(const std::string& file);
