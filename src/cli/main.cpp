@@ -2,6 +2,7 @@
 
 #include "cli/commands.h"
 #include "cli/draw_command.h"
+#include "cli/transfer_commands.h"
 #include "core/app_data.h"
 #include "platform/files.h"
 
@@ -25,6 +26,9 @@ struct Arguments {
     std::string File, Target, Units, Script, Keys;
     bool Json = false;
     int Ports = 1;
+    LineOptions Line;
+    bool NoFilter = false;
+    double Idle = 5;
     DrawOptions Draw;
     std::string Canvas, Zero;
     double Scale = 0;
@@ -142,6 +146,32 @@ void AddDrawOptions(CLI::App& command, Arguments& arguments)
     AddPictureOptions(command, arguments);
 }
 
+void AddLineOptions(CLI::App& command, Arguments& arguments)
+{
+    command.add_option("--port", arguments.Line.Device, "device of the serial port, such as /dev/ttyUSB0")
+        ->required()
+        ->type_name("DEVICE");
+    command
+        .add_option("--line", arguments.Line.Parameters, "baud rate, parity N, E or O, data bits, stop bits")
+        ->capture_default_str();
+}
+
+void AddSendOptions(CLI::App& command, Arguments& arguments)
+{
+    AddFile(command, arguments);
+    AddLineOptions(command, arguments);
+    command.add_flag("--no-filter", arguments.NoFilter, "send the notes and the comments too");
+}
+
+void AddReceiveOptions(CLI::App& command, Arguments& arguments)
+{
+    AddLineOptions(command, arguments);
+    command.add_option("-o", arguments.Target, "file to write")->required()->type_name("OUT");
+    command.add_option("--idle", arguments.Idle, "seconds of silence that end the text")
+        ->check(CLI::Range(0.001, 86400.0))
+        ->capture_default_str();
+}
+
 void AddKeysOptions(CLI::App& command, Arguments& arguments)
 {
     command.add_option("FILE", arguments.File, "program file to load first");
@@ -220,6 +250,10 @@ constexpr Command Commands[] = {
      [](const Arguments& a) { return SaveFile(a.Load, a.File, a.Target); }},
     {"convert", "convert the program's units and write it", AddConvertOptions,
      [](const Arguments& a) { return ConvertFile(a.Load, a.File, a.Units, a.Target); }},
+    {"send", "transmit the program to the machine over a serial port", AddSendOptions,
+     [](const Arguments& a) { return SendFile(a.Load, a.Line, a.File, !a.NoFilter); }},
+    {"receive", "store what comes in at a serial port", AddReceiveOptions,
+     [](const Arguments& a) { return ReceiveFile(a.Line, a.Target, a.Idle); }},
     {"keys", "type a key script into the program, then print the state", AddKeysOptions,
      [](const Arguments& a) {
          const auto script = ReadScript(a);

@@ -4,6 +4,8 @@
 #include "commands/session.h"
 #include "core/app_data.h"
 #include "qt/main_frame.h"
+#include "qt/serial_port.h"
+#include "serial/receive.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -16,7 +18,10 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(ProductVersion);
 
     Desktop desktop;
+    SerialPort port;
+    ThePort = &port;
     ResetState();
+    port.OnEvent = [&desktop](PortEvent event) { desktop.RunLater([event] { MSComm1_OnComm(event); }); };
     MainFrame window(desktop);
     FindFrame find(desktop, &window);
     desktop.Run([] { StartNew(MachineKind::MK4, true, false); });
