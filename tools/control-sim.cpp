@@ -98,6 +98,8 @@ int MakePair()
 {
     const int line = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
     if (line < 0 || ::grantpt(line) != 0 || ::unlockpt(line) != 0) Fail("no pseudo terminal can be made");
+    // Only one that was open and closed counts as closed.
+    if (const int other = ::open(::ptsname(line), O_RDWR | O_NOCTTY); other >= 0) ::close(other);
     std::printf("%s\n", ::ptsname(line));
     std::fflush(stdout);
     return line;
@@ -201,11 +203,14 @@ private:
     void TakeProgramLine(const std::string& line)
     {
         const std::string_view form = FormOf(Machine);
-        const bool wide = line.substr(6, 4) == "M99R"; // the fields behind it stand one column further right
+        const auto part = [&](size_t from, size_t count) {
+            return line.size() < from ? std::string() : line.substr(from, count);
+        };
+        const bool wide = part(6, 4) == "M99R"; // the fields behind it stand one column further right
         bool fits = line.size() >= Columns || wide;
         for (size_t i = 0; fits && i < Columns && !(wide && i > 5); ++i) fits = Fits(form[i], line[i]);
         if (!fits) Faults.push_back("line: " + line);
-        const std::string number = Machine == "MK2" ? line.substr(4, 2) : line.substr(3, 3);
+        const std::string number = Machine == "MK2" ? part(4, 2) : part(3, 3);
         if (std::atoi(number.c_str()) != (Machine == "MK2" ? Lines % 100 : Lines))
             Faults.push_back("number: " + line);
         ++Lines;
@@ -308,14 +313,21 @@ private:
         Clock::time_point next = Clock::now();
         long sent = 0;
         while (sent < static_cast<long>(Memory.size())) {
-            if (sent == Given.HangUpAt) return true;
+            if (sent == Given.HangUpAt) {
+                // The system drops what the other end has not taken when this one closes.
+                std::this_thread::sleep_for(std::chrono::milliseconds(100));
+                return true;
+            }
             if (sent == Given.StallAt) {
                 std::this_thread::sleep_for(Seconds(Given.StallSeconds));
                 next = Clock::now();
             }
-            const size_t chunk =
-                Given.Fast ? std::min<size_t>(4096, Memory.size() - static_cast<size_t>(sent)) : 1;
-            const ssize_t put = ::write(Line, Memory.data() + sent, chunk);
+            const long left = static_cast<long>(Memory.size()) - sent;
+            long chunk = Given.Fast ? std::min(4096L, left) : 1;
+            for (const long at : {Given.HangUpAt, Given.StallAt}) {
+                if (at > sent) chunk = std::min(chunk, at - sent);
+            }
+            const ssize_t put = ::write(Line, Memory.data() + sent, static_cast<size_t>(chunk));
             if (put > 0) {
                 sent += put;
                 next += Rounded(Given.CharacterTime());
