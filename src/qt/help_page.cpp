@@ -30,6 +30,7 @@ HelpPage::HelpPage(QWidget* parent) : QTextBrowser(parent)
 
 void HelpPage::SetPage(const QString& html)
 {
+    Html = html;
     const bool dark = palette().color(QPalette::Base).lightness() < 128;
     document()->setDefaultStyleSheet(dark ? "a { color: #7fb8ff; }" : "a { color: #0b57a4; }");
     setHtml(html);
@@ -42,6 +43,15 @@ void HelpPage::resizeEvent(QResizeEvent* event)
     const QTextCursor first = cursorForPosition({0, 0});
     QTextBrowser::resizeEvent(event);
     if (!atStart) bar.setValue(bar.value() + cursorRect(first).top());
+}
+
+void HelpPage::changeEvent(QEvent* event)
+{
+    QTextBrowser::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || Html.isEmpty()) return;
+    const int place = verticalScrollBar()->value();
+    SetPage(QString(Html));
+    verticalScrollBar()->setValue(place);
 }
 
 void HelpPage::Render(const Control& record)

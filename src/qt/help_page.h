@@ -20,9 +20,11 @@ public:
 protected:
     /// The first line stays the first.
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void Find(const QString& text);
 
+    QString Html;
     unsigned Jumps = 0, Searches = 0;
 };

@@ -101,7 +101,8 @@ void PlaceRunButtons()
     const bool sending = Shared.Transmitting;
     if (sending) frmMain.frCmdEditor3.Enabled = true;
     frmMain.cmdRun.Visible = frmMain.cmdStep.Visible = !sending;
-    frmMain.cmdStop.Visible = frmMain.cmdStop.Enabled = sending;
+    frmMain.cmdStop.Visible = sending;
+    frmMain.cmdStop.Enabled = sending && !Shared.StopSending;
     frmMain.cmdStop.Left = sending ? 200 : 640;
     frmMain.cmdStop.Width = sending ? 860 : 400;
 }
