@@ -4,6 +4,7 @@
 #include "core/main_window.h"
 #include "core/shared_state.h"
 
+#include <QEvent>
 #include <QScrollBar>
 
 namespace {

@@ -94,8 +94,8 @@ std::string Row(const ProgramLine& cells, const std::vector<size_t>& columns, co
         std::string text(Trimmed(cells[column]));
         if (column == CellCode && text[0] != 'M') text = "G" + text;
         const char* const align = column == CellComment ? "" : " align=\"right\"";
-        row += std::string("<") + cellTag + align + ">" + (bold ? "<b>" + text + "</b>" : text) + "</" +
-               cellTag + ">";
+        row += std::string("<") + cellTag + align + ">" +
+               (bold && !text.empty() ? "<b>" + text + "</b>" : text) + "</" + cellTag + ">";
     }
     return row + "</tr>\n";
 }
