@@ -261,7 +261,7 @@ Control* TypingBox()
     if (IsFindInFront()) return &frmFind.txtFind;
     Control* const focused = Focused();
     const bool types = focused != nullptr && (focused->Is == Kind::TextBox || focused->Is == Kind::Combo);
-    return types && !IsHelpUp() ? focused : nullptr;
+    return types && (!IsHelpUp() || focused == &frmMain.txtHelpFind) ? focused : nullptr;
 }
 
 std::optional<KeyStroke> OfferKey(const KeyStroke& key)
@@ -277,9 +277,9 @@ std::optional<KeyStroke> OfferKey(const KeyStroke& key)
         Escape();
         return std::nullopt;
     }
-    // What lies under a help page is out of reach; its own widget scrolls it.
+    // What lies under a help page is out of reach; the page's own widget scrolls it.
     Control* const control = Focused();
-    if (IsHelpUp() && control != &frmMain.cmdReturn) return key;
+    if (IsHelpUp() && control != &frmMain.cmdReturn && control != &frmMain.txtHelpFind) return key;
     if (key.Name == KeyName::Tab) {
         if (!WalkPane(key.Shift ? -1 : 1)) key.Shift ? FocusPreviousStop() : FocusNextStop();
         return std::nullopt;

@@ -1,5 +1,4 @@
-// The help pages, in both languages: that nothing which the program has is missing in them, that no link
-// leads nowhere, and that they open at what the cursor is on.
+// The help pages: nothing of the program is missing, no link leads nowhere, they open where the cursor is.
 
 #include "cli/key_script.h"
 #include "commands/keyboard.h"
