@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -20,28 +21,47 @@ bool IsFar(double at)
     return !(std::abs(at) <= Far);
 }
 
-/// Cuts a line to a rectangle; false when nothing of it lies inside.
+/// Cuts a line to a range of its a, which comes to lie on the very ends of the range: far outside a product
+/// would be rounded by more than the range. False when nothing of it lies inside.
+bool CutLine(double low, double high, double& a1, double& b1, double& a2, double& b2)
+{
+    if (a1 > a2) {
+        std::swap(a1, a2);
+        std::swap(b1, b2);
+    }
+    if (a2 < low || a1 > high) return false;
+    const double slope = a1 < a2 ? (b2 - b1) / (a2 - a1) : 0;
+    if (a2 > high) {
+        b2 = b1 + (high - a1) * slope;
+        a2 = high;
+    }
+    if (a1 < low) {
+        b1 += (low - a1) * slope;
+        a1 = low;
+    }
+    return true;
+}
+
 bool ClipLine(const QRectF& to, double& x1, double& y1, double& x2, double& y2)
 {
-    const double dx = x2 - x1, dy = y2 - y1;
-    double from = 0, until = 1;
-    const double edges[][2] = {
-        {-dx, x1 - to.left()}, {dx, to.right() - x1}, {-dy, y1 - to.top()}, {dy, to.bottom() - y1}};
-    for (const auto& [slope, room] : edges) {
-        if (slope == 0) {
-            if (room < 0) return false;
-        } else if (slope < 0) {
-            from = std::max(from, room / slope);
-        } else {
-            until = std::min(until, room / slope);
-        }
+    return CutLine(to.left(), to.right(), x1, y1, x2, y2) && CutLine(to.top(), to.bottom(), y1, x1, y2, x2);
+}
+
+/// A circle's arc in curves of up to 30 degrees, which are true to a millionth of the radius.
+QPainterPath ArcPath(const QPointF& center, double radius, double start, double sweep)
+{
+    const int pieces = std::max(1, static_cast<int>(std::ceil(sweep / (Pi / 6))));
+    const double turn = sweep / pieces, handle = 4.0 / 3.0 * std::tan(turn / 4);
+    const auto place = [&](double x, double y) { return center + radius * QPointF(x, -y); };
+    QPainterPath path(place(std::cos(start), std::sin(start)));
+    for (int i = 0; i < pieces; ++i) {
+        const double from = start + turn * i, to = from + turn;
+        path.cubicTo(
+            place(std::cos(from) - handle * std::sin(from), std::sin(from) + handle * std::cos(from)),
+            place(std::cos(to) + handle * std::sin(to), std::sin(to) - handle * std::cos(to)),
+            place(std::cos(to), std::sin(to)));
     }
-    if (!(from <= until)) return false;
-    x2 = x1 + until * dx;
-    y2 = y1 + until * dy;
-    x1 += from * dx;
-    y1 += from * dy;
-    return true;
+    return path;
 }
 
 } // namespace
@@ -199,11 +219,11 @@ void PainterCanvas::Box(float fromX, float fromY)
 void PainterCanvas::Point()
 {
     Apply();
-    double x = PenX() / TwipsToPixel, y = PenY() / TwipsToPixel;
+    const double x = PenX() / TwipsToPixel, y = PenY() / TwipsToPixel;
     if (IsFar(x) || IsFar(y)) return;
-    if (On == Device::Raster) {
-        x = OnPixel(x);
-        y = OnPixel(y);
+    if (IsThin()) {
+        PaintThinLine(x, y, x, y);
+        return;
     }
     QPen pen = To.pen();
     pen.setStyle(Qt::SolidLine);
@@ -228,21 +248,18 @@ void PainterCanvas::Arc(float radius, float start, float end)
         PaintFarArc(std::abs(double{radius}), start, sweep);
         return;
     }
-    constexpr double ToDegrees = 180 / Pi;
-    const QRectF around(x - r, y - r, 2 * r, 2 * r);
     SetSmooth(true);
-    QPainterPath path;
-    path.arcMoveTo(around, start * ToDegrees);
-    path.arcTo(around, start * ToDegrees, sweep * ToDegrees);
+    QPainterPath path = ArcPath(QPointF(x, y), r, start, sweep);
     const bool closed = sweep > 2 * Pi - 1e-4; // rounded to a 32-bit float on its way
     if (!closed) {
         To.strokePath(path, To.pen());
         return;
     }
+    path.closeSubpath();
     if (Settings().Fill == FillStyle::Diagonal) {
         To.save();
         To.setClipPath(path);
-        Hatch(around);
+        Hatch(path.boundingRect());
         To.restore();
     }
     To.drawPath(path);
