@@ -5,8 +5,11 @@
 #include "commands/keyboard.h"
 #include "commands/load.h"
 #include "commands/session.h"
+#include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
+#include "drawing/measure.h"
+#include "qt/draw_frame.h"
 #include "qt/main_frame.h"
 #include "ui/choice.h"
 #include "ui/focus.h"
@@ -51,9 +54,20 @@ void ShowTab(int index)
     PickListItem(frmMain.tabSettings, index);
 }
 
+void OpenDrawing(const char* name, std::initializer_list<Control*> boxes)
+{
+    Open(name);
+    tmr1sec_Timer();
+    ChooseMenu(frmMain.mnuDraw);
+    for (Control* box : boxes) ClickControl(*box);
+    ClickControl(frmDraw.cmdRedraw);
+}
+
 struct State {
     const char* Name;
     void (*Make)();
+    /// The picture is that of the drawing window.
+    bool OfDrawing = false;
 };
 const State States[] = {
     {"new", [] {}},
@@ -108,6 +122,35 @@ const State States[] = {
     {"help", [] { ChooseMenu(frmMain.mnuHelpText); }},
     {"help-codes", [] { ChooseMenu(frmMain.mnuGhelp); }},
     {"about", [] { ChooseMenu(frmMain.mnuAbout); }},
+    {"drawing-lathe",
+     [] {
+         OpenDrawing("mk4-chess-pawn.cnc", {&frmDraw.chkShowRadii, &frmDraw.chkGrid});
+         SelectRow(7);
+     },
+     true},
+    {"drawing-mill-white",
+     [] {
+         OpenDrawing("f1-pocket-and-holes.cnc",
+                     {&frmDraw.chkToolWidth, &frmDraw.chkPrintableBackground, &frmDraw.chkGrid});
+     },
+     true},
+    {"drawing-step",
+     [] {
+         OpenDrawing("mk2-threaded-bolt.cnc", {&frmDraw.chkFillCycles});
+         PickListItem(frmDraw.cboRun, 1);
+         for (int i = 0; i < 9; ++i) {
+             ClickControl(frmDraw.cmdStep);
+             AfterEvent();
+         }
+     },
+     true},
+    {"drawing-measure",
+     [] {
+         OpenDrawing("mk4-threaded-shaft.cnc", {});
+         frmDraw_MouseDown(9000, 6000);
+         frmDraw_MouseMove(10500, 7500);
+     },
+     true},
     {"reception",
      [] {
          ControlsEnable(false);
@@ -151,7 +194,8 @@ bool Grab(QWidget& widget, const QString& file)
 }
 
 /// One state in one size; false when a picture could not be written.
-bool Draw(Desktop& desktop, MainFrame& window, const State& state, QSize size, const QString& name)
+bool Draw(Desktop& desktop, MainFrame& window, QWidget& drawing, const State& state, QSize size,
+          const QString& name)
 {
     desktop.Run([&] {
         ResetState();
@@ -162,7 +206,7 @@ bool Draw(Desktop& desktop, MainFrame& window, const State& state, QSize size, c
     });
     desktop.Run(tmr1sec_Timer);
     QApplication::processEvents();
-    return Grab(window, name);
+    return Grab(state.OfDrawing ? drawing : window, name);
 }
 
 } // namespace
@@ -181,6 +225,8 @@ int main(int argc, char** argv)
     ResetState();
     MainFrame window(desktop);
     FindFrame find(desktop, &window);
+    DrawFrame drawing(desktop);
+    ProgramFrame lines(desktop, &drawing);
     desktop.Run([] { StartNew(MachineKind::MK4, true, false); });
     window.Open();
 
@@ -193,8 +239,9 @@ int main(int argc, char** argv)
         for (const State& state : States) {
             if (!only.isEmpty() && only != state.Name) continue;
             for (const QSize size : Sizes) {
+                if (state.OfDrawing && size != Sizes[0]) continue; // it has a size of its own
                 const QString name = QString("%1-%2x%3").arg(state.Name).arg(size.width()).arg(size.height());
-                whole = Draw(desktop, window, state, size, folder.filePath(name + end)) && whole;
+                whole = Draw(desktop, window, drawing, state, size, folder.filePath(name + end)) && whole;
             }
         }
         for (QAction* menu : window.menuBar()->actions()) {

@@ -127,11 +127,11 @@ Outcome ShowFile(const LoadOptions& options, const std::string& file, bool asJso
     return {StatusDone, ProgramAsText(file, withColor)};
 }
 
-Outcome TypeKeys(const LoadOptions& options, const std::string& file, const std::string& script, bool asJson,
-                 bool withColor)
+Outcome TypeKeys(const LoadOptions& options, const std::string& file, const std::string& script, int ports,
+                 bool asJson, bool withColor)
 {
     const TemporaryFolder user;
-    if (const auto why = BeginProgram(options, user.Path)) return Failed(*why);
+    if (const auto why = BeginProgram(options, user.Path, ports)) return Failed(*why);
     if (!file.empty()) {
         if (const auto why = LoadInto(file)) return Failed(file + ": " + *why);
     }

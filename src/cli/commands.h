@@ -20,8 +20,8 @@ Outcome SaveFile(const LoadOptions& options, const std::string& file, const std:
 Outcome ConvertFile(const LoadOptions& options, const std::string& file, const std::string& units,
                     const std::string& target);
 /// Types a script into the program, with a file loaded first unless `file` is empty, and prints the state.
-Outcome TypeKeys(const LoadOptions& options, const std::string& file, const std::string& script, bool asJson,
-                 bool withColor);
+Outcome TypeKeys(const LoadOptions& options, const std::string& file, const std::string& script, int ports,
+                 bool asJson, bool withColor);
 /// Prints one number over all that loading, checking, writing and converting the files gives. A change
 /// that keeps the program's behaviour keeps the number.
 Outcome FingerprintFiles(const LoadOptions& options, const std::vector<std::string>& files);

@@ -1,6 +1,7 @@
 #include "cli/key_script.h"
 
 #include "cli/open_program.h"
+#include "cli/port_items.h"
 #include "cli/script_words.h"
 #include "cli/window_items.h"
 #include "commands/keyboard.h"
@@ -269,7 +270,7 @@ Fault RunItem(std::string_view item)
     for (const ItemRoutine& routine : Items) {
         if (routine.Name == name) return routine.Run(rest);
     }
-    if (Fault fault; RunWindowItem(name, rest, fault)) return fault;
+    if (Fault fault; RunWindowItem(name, rest, fault) || RunPortItem(name, rest, fault)) return fault;
     return "an item of that name is not known";
 }
 
@@ -294,5 +295,6 @@ std::optional<std::string> RunKeyScript(std::string_view script)
         }
         AfterEvent();
     }
+    FinishTransmission();
     return std::nullopt;
 }

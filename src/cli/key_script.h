@@ -7,6 +7,6 @@
 #include <string_view>
 
 /// Runs the script on the program as it stands; each item is an event of its own. Line ends in the script
-/// are ignored. Returns what is wrong with the first item that is misspelt or names no control; the items
-/// in front of it have run.
+/// are ignored. A transmission that still runs at its end goes out. Returns what is wrong with the first item
+/// that is misspelt or names no control; the items in front of it have run.
 std::optional<std::string> RunKeyScript(std::string_view script);

@@ -2,6 +2,7 @@
 
 #include "cli/commands.h"
 #include "cli/draw_command.h"
+#include "cli/transfer_commands.h"
 #include "core/app_data.h"
 #include "platform/files.h"
 
@@ -24,6 +25,10 @@ struct Arguments {
     std::vector<std::string> Files, Columns;
     std::string File, Target, Units, Script, Keys;
     bool Json = false;
+    int Ports = 1;
+    LineOptions Line;
+    bool NoFilter = false;
+    double Idle = 5;
     DrawOptions Draw;
     std::string Canvas, Zero;
     double Scale = 0;
@@ -147,6 +152,32 @@ void AddDrawOptions(CLI::App& command, Arguments& arguments)
     AddPictureOptions(command, arguments);
 }
 
+void AddLineOptions(CLI::App& command, Arguments& arguments)
+{
+    command.add_option("--port", arguments.Line.Device, "device of the serial port, such as /dev/ttyUSB0")
+        ->required()
+        ->type_name("DEVICE");
+    command
+        .add_option("--line", arguments.Line.Parameters, "baud rate, parity N, E or O, data bits, stop bits")
+        ->capture_default_str();
+}
+
+void AddSendOptions(CLI::App& command, Arguments& arguments)
+{
+    AddFile(command, arguments);
+    AddLineOptions(command, arguments);
+    command.add_flag("--no-filter", arguments.NoFilter, "send the notes and the comments too");
+}
+
+void AddReceiveOptions(CLI::App& command, Arguments& arguments)
+{
+    AddLineOptions(command, arguments);
+    command.add_option("-o", arguments.Target, "file to write")->required()->type_name("OUT");
+    command.add_option("--idle", arguments.Idle, "seconds of silence that end the text")
+        ->check(CLI::Range(0.001, 86400.0))
+        ->capture_default_str();
+}
+
 void AddKeysOptions(CLI::App& command, Arguments& arguments)
 {
     command.add_option("FILE", arguments.File, "program file to load first");
@@ -154,6 +185,9 @@ void AddKeysOptions(CLI::App& command, Arguments& arguments)
     CLI::Option* const script =
         command.add_option("--script", arguments.Script, "file with the script, - for standard input");
     command.add_option("--keys", arguments.Keys, "the script itself")->excludes(script)->expected(0, 1);
+    command.add_option("--ports", arguments.Ports, "how many serial ports there are")
+        ->check(CLI::Range(0, MaxPorts))
+        ->capture_default_str();
     command.add_flag("--json", arguments.Json, "print the whole state as JSON");
 }
 
@@ -222,11 +256,15 @@ constexpr Command Commands[] = {
      [](const Arguments& a) { return SaveFile(a.Load, a.File, a.Target); }},
     {"convert", "convert the program's units and write it", AddConvertOptions,
      [](const Arguments& a) { return ConvertFile(a.Load, a.File, a.Units, a.Target); }},
+    {"send", "transmit the program to the machine over a serial port", AddSendOptions,
+     [](const Arguments& a) { return SendFile(a.Load, a.Line, a.File, !a.NoFilter); }},
+    {"receive", "store what comes in at a serial port", AddReceiveOptions,
+     [](const Arguments& a) { return ReceiveFile(a.Line, a.Target, a.Idle); }},
     {"keys", "type a key script into the program, then print the state", AddKeysOptions,
      [](const Arguments& a) {
          const auto script = ReadScript(a);
          if (!script) return Failed(a.Script + ": the script can't be read");
-         return TypeKeys(a.Load, a.File, *script, a.Json, WantsColor());
+         return TypeKeys(a.Load, a.File, *script, a.Ports, a.Json, WantsColor());
      }},
     {"fingerprint", "print one number that pins the behaviour over all files", AddFiles,
      [](const Arguments& a) { return FingerprintFiles(a.Load, a.Files); }},

@@ -6,28 +6,34 @@
 
 namespace {
 
-constexpr const char* FileName = "brixley-pictures.so";
-
-void* OpenModule(std::string& why)
+void* LoadRoutine(const std::string& file, const char* routine, const std::string& what, std::string& why)
 {
     const std::string folder = ThePlatform->ProgramFolder();
+    void* module = nullptr;
     for (const char* place : {"/", "/../lib/brixley/"}) {
-        if (void* const module = dlopen((folder + place + FileName).c_str(), RTLD_NOW | RTLD_LOCAL))
-            return module;
+        module = dlopen((folder + place + file).c_str(), RTLD_NOW | RTLD_LOCAL);
+        if (module != nullptr) break;
     }
-    const char* const reason = dlerror();
-    why = std::string("pictures need the module ") + FileName +
-          (reason != nullptr ? std::string(": ") + reason : "");
-    return nullptr;
+    if (module == nullptr) {
+        const char* const reason = dlerror();
+        why = what + " need the module " + file + (reason != nullptr ? std::string(": ") + reason : "");
+        return nullptr;
+    }
+    void* const found = dlsym(module, routine);
+    if (found == nullptr) why = file + " is of another version";
+    return found;
 }
 
 } // namespace
 
 PaintPictureRoutine* LoadPicturePainter(std::string& why)
 {
-    void* const module = OpenModule(why);
-    if (module == nullptr) return nullptr;
-    void* const routine = dlsym(module, PaintPictureName);
-    if (routine == nullptr) why = std::string(FileName) + " is of another version";
-    return reinterpret_cast<PaintPictureRoutine*>(routine);
+    return reinterpret_cast<PaintPictureRoutine*>(
+        LoadRoutine("brixley-pictures.so", PaintPictureName, "pictures", why));
+}
+
+PortSessionRoutine* LoadPortSession(std::string& why)
+{
+    return reinterpret_cast<PortSessionRoutine*>(
+        LoadRoutine("brixley-serial.so", PortSessionName, "serial ports", why));
 }

@@ -1,11 +1,13 @@
-// module.h: the part of the console program that needs the toolkit, loaded when a command asks for it.
+// module.h: the parts of the console program that need the toolkit, loaded when a command asks for one.
 //
-// The console starts a hundred times faster without it, and works without it where it isn't installed.
+// The console starts a hundred times faster without them, and works without them where they aren't installed.
 
 #pragma once
 
 #include "drawing/picture_file.h"
+#include "platform/port_session.h"
 
-/// The routine that paints pictures, from the module beside the program or in its library folder; null, and
-/// the reason in `why`, when the module isn't there or is of another version.
+/// The routine of a module, from the module beside the program or in its library folder; null, and the reason
+/// in `why`, when the module isn't there or is of another version.
 PaintPictureRoutine* LoadPicturePainter(std::string& why);
+PortSessionRoutine* LoadPortSession(std::string& why);

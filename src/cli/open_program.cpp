@@ -51,12 +51,14 @@ std::string AbsolutePath(const std::string& file)
     return failed ? path.string() : (folder / path.filename()).string();
 }
 
-std::optional<std::string> BeginProgram(const LoadOptions& options, const std::string& dataFolder)
+std::optional<std::string> BeginProgram(const LoadOptions& options, const std::string& dataFolder, int ports)
 {
     Console = {};
     Console.DataFolder = dataFolder;
     Console.OtherFolder = options.Settings;
+    Console.Port.Count = ports;
     ThePlatform = &Console;
+    ThePort = &Console.Port;
     ResetState();
     Drawing.PausesTakeTime = false;
     Drawing.YieldAfter = 0;

@@ -31,8 +31,9 @@ extern ScriptedPlatform Console;
 std::string AbsolutePath(const std::string& file);
 
 /// Starts anew with an empty program, or as the settings say. The user's data lies in dataFolder; "" for a
-/// run that has none. Returns why the language module could not be loaded.
-std::optional<std::string> BeginProgram(const LoadOptions& options, const std::string& dataFolder = "");
+/// run that has none. The serial ports only record. Returns why the language module could not be loaded.
+std::optional<std::string> BeginProgram(const LoadOptions& options, const std::string& dataFolder = "",
+                                        int ports = 1);
 
 /// Loads the file into the program that was begun. Returns why that failed.
 std::optional<std::string> LoadInto(const std::string& file);

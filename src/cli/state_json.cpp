@@ -2,6 +2,7 @@
 
 #include "cli/open_program.h"
 #include "cli/ops_json.h"
+#include "core/code_page.h"
 #include "core/control_names.h"
 #include "core/draw_window.h"
 #include "core/failure.h"
@@ -203,6 +204,15 @@ Json Globals()
             {"DrawScale", Shared.DrawScale}};
 }
 
+Json PortState()
+{
+    const RecordingPort& port = Console.Port;
+    return {{"open", port.IsOpen()},
+            {"number", port.Number},
+            {"settings", port.Line},
+            {"sent", FromCodePage(port.Sent)}};
+}
+
 const char* PointerName(bool crosshair)
 {
     return crosshair ? "crosshair" : "default";
@@ -268,8 +278,10 @@ std::string WindowStateAsJson()
     state["messages"] = MessageBoxes();
     state["dialogs"] = Dialogs();
     state["globals"] = Globals();
+    state["port"] = PortState();
+    state["beeps"] = Console.Beeps;
     state["launched"] = Console.Launched;
-    state["pointer"] = "default";
+    state["pointer"] = Shared.Transmitting ? "hourglass" : "default";
     state["draw"] = DrawState();
     state["programWindow"] = ProgramWindowState();
     return Printed(state);

@@ -15,6 +15,7 @@
 #include "interpreter/interpreter.h"
 #include "platform/files.h"
 #include "platform/platform.h"
+#include "serial/receive.h"
 #include "ui/columns.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
@@ -29,6 +30,18 @@ void RefuseFile(const std::string& path, const std::string& why)
 {
     ShowMessage(TextOf(Messages::TheFile) + " \"" + FileNameOf(path) + "\" " + why,
                 TextOf(Messages::RecognizingProblem), Icon::Exclamation);
+}
+
+void RefuseUnknownFile(const std::string& path)
+{
+    // A translation brings no blank of its own in front.
+    RefuseFile(path, std::string(TextOr(Messages::NotEmcoFile.Default,
+                                        Translated.MessageTable[Messages::NotEmcoFile.Index] + " ")));
+}
+
+void RefuseLongFile(const std::string& path)
+{
+    RefuseFile(path, Tr("has more than %1 lines and can't be loaded", {std::to_string(MaxFileLines)}));
 }
 
 /// Whether the open program may be replaced. It is saved first where the user wants that, while the
@@ -90,16 +103,12 @@ void LoadFile(const std::string& path)
     }
     switch (KindOfFile(bytes)) {
     case FileKind::Language: LoadLanguageModule(chosen); return;
-    case FileKind::Unknown:
-        // A translation brings no blank of its own in front.
-        RefuseFile(chosen, std::string(TextOr(Messages::NotEmcoFile.Default,
-                                              Translated.MessageTable[Messages::NotEmcoFile.Index] + " ")));
-        return;
+    case FileKind::Unknown: RefuseUnknownFile(chosen); return;
     case FileKind::Program: break;
     }
     ProgramFile file = ReadProgram(bytes);
     if (file.TooLong) {
-        RefuseFile(chosen, Tr("has more than %1 lines and can't be loaded", {std::to_string(MaxFileLines)}));
+        RefuseLongFile(chosen);
         return;
     }
     if (!MayReplaceProgram()) return;
@@ -110,4 +119,24 @@ void LoadFile(const std::string& path)
 void mnuOpen_Click()
 {
     LoadFile("");
+}
+
+bool LoadReceived(const std::string& bytes)
+{
+    const std::string name = "Receive.txt";
+    if (KindOfFile(bytes) != FileKind::Program) {
+        RefuseUnknownFile(name);
+        return false;
+    }
+    ProgramFile file = ReadProgram(bytes);
+    if (file.TooLong) {
+        RefuseLongFile(name);
+        return false;
+    }
+    // From here on the received program is the open one.
+    Shared.Changed = false;
+    CloseReceivePane();
+    TakeOver(std::move(file), "");
+    Shared.Changed = true;
+    return true;
 }

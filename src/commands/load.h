@@ -10,3 +10,7 @@
 /// stops it without a message.
 void LoadFile(const std::string& path);
 void mnuOpen_Click();
+
+/// Puts a program that the machine has sent in the place of the open one; it has no file yet. False, and
+/// nothing has changed, when the text isn't known as a program: the user was told.
+bool LoadReceived(const std::string& bytes);

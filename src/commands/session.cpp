@@ -3,6 +3,7 @@
 #include "commands/drawing.h"
 #include "commands/load.h"
 #include "commands/program.h"
+#include "commands/receive_import.h"
 #include "commands/recent_files.h"
 #include "commands/save.h"
 #include "commands/settings.h"
@@ -27,6 +28,11 @@
 #include "interpreter/limits.h"
 #include "platform/files.h"
 #include "platform/platform.h"
+#include "platform/port.h"
+#include "serial/receive.h"
+#include "serial/setup.h"
+#include "serial/transfer.h"
+#include "serial/transmit.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
@@ -103,6 +109,32 @@ constexpr Event Events[] = {
     {&W::frSettingsAbs, {lblSettingsAbsColor_Click}},
     {&W::cmdSettingsColorAbsolute, {lblSettingsAbsColor_Click}},
 
+    // Transfer
+    {&W::tabSettings, {tabSettings_Click}},
+    {&W::chkEnableCom, {chkEnableCom_click}},
+    {&W::chkTXxonxoff, {MakeComSettings}},
+    {&W::chkTXdtrdsr, {MakeComSettings}},
+    {&W::chkTXrtscts, {MakeComSettings}},
+    {&W::chkTXfilter, {MakeComSettings}},
+    {&W::chkRXxonxoff, {MakeComSettings}},
+    {&W::chkRXdtrdsr, {MakeComSettings}},
+    {&W::chkRXrtscts, {MakeComSettings}},
+    {&W::chkRXfilter, {MakeComSettings}},
+    {&W::cmdTXEmco, {cmdTXEmco_Click}},
+    {&W::lblTXstandard, {cmdTXEmco_Click}},
+    {&W::cmdRXEmco, {cmdRXEmco_Click}},
+    {&W::lblRXstandard, {cmdRXEmco_Click}},
+    {&W::mnuTX, {mnuTX_Click}},
+    {&W::RCmnuTX, {mnuTX_Click}},
+    {&W::mnuRX, {mnuRX_Click}},
+    {&W::RCmnuRX, {mnuRX_Click}},
+    {&W::cmdReceiveImport, {cmdReceiveImport_Click}},
+    {&W::cmdReceiveSave, {cmdReceiveSave_Click}},
+    {&W::cmdReceiveNew, {cmdReceiveNew_Click}},
+    {&W::cmdReceiveExit, {cmdReceiveExit_Click}},
+    {&W::cmdReceiveLast, {cmdReceiveLast_Click}},
+    {&W::txtRX, {nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, txtRX_Change}},
+
     // Menu
     {&W::mnuOpen, {mnuOpen_Click}},
     {&W::mnuNew, {mnuNew_Click}},
@@ -130,6 +162,21 @@ constexpr Event Events[] = {
     {&W::picXYaxes, {AxesPicture_Click}},
 };
 
+/// The options of the COM tab, group by group.
+void ConnectComTab()
+{
+    for (Control& option : frmMain.optPortTX) option.On.ClickElement = optPortTX_Click;
+    for (Control& option : frmMain.optPortRX) option.On.ClickElement = optPortRX_Click;
+    const auto connect = [](auto&... groups) {
+        const auto each = [](auto& group) {
+            for (Control& option : group) option.On.Click = MakeComSettings;
+        };
+        (each(groups), ...);
+    };
+    connect(frmMain.optBaudTX, frmMain.optParityTX, frmMain.optDataBitsTX, frmMain.optStopBitsTX,
+            frmMain.optBaudRX, frmMain.optParityRX, frmMain.optDataBitsRX, frmMain.optStopBitsRX);
+}
+
 template <class Window> void MakeAnew(Window& window)
 {
     std::destroy_at(&window);
@@ -151,10 +198,14 @@ void ResetState()
     Log = {};
     ResetFocus();
     ResetInterpreter();
+    ResetTransmission();
+    ResetReception();
+    ThePort->OnEvent = MSComm1_OnComm;
     UnloadDrawing();
     for (const Event& event : Events) (frmMain.*event.Of).On = event.On;
     for (Control& button : frmMain.cmdTopButtons) button.On.ClickElement = cmdTopButtons_Click;
     for (Control& entry : frmMain.mnuRecentFile) entry.On.ClickElement = mnuRecentFile_Click;
+    ConnectComTab();
     frmMain.Window.On.Change = Form_Resize;
     frmFind.txtFind.On = {nullptr, nullptr,          txtFind_GotFocus, nullptr,
                           nullptr, txtFind_KeyPress, txtFind_Change};
@@ -197,6 +248,7 @@ void FinishStart()
 {
     FitSmallScreen();
     Form_Activate();
+    BeginCommunication();
     SetFocus(frmMain.txtGMcode);
     AfterEvent();
 }
@@ -226,10 +278,13 @@ void StartProgram(const std::optional<std::string>& argument)
 void AfterEvent()
 {
     ResumeInterpreter();
+    ResumeTransmission();
+    if (Shared.ExitPending && !Shared.Transmitting) mnuExit_Click();
     if (std::exchange(Shared.DrawingFollows, false)) RefreshDrawing();
     ResumeDrawing();
     MendFocus();
     frmMain.lblChanged.Text = Shared.Changed ? "*" : "";
+    ShowTransfer();
     ShowLineMessage();
     ShowHint();
     WriteLog();

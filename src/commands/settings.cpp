@@ -20,6 +20,7 @@
 #include "interpreter/limits.h"
 #include "platform/files.h"
 #include "platform/platform.h"
+#include "serial/setup.h"
 #include "settings/draw_settings.h"
 #include "settings/editor_settings.h"
 #include "settings/language.h"
@@ -138,12 +139,7 @@ void ApplyPlainSettings(const EditorSettings& values)
     for (const BoxRow& row : Boxes) SetCheck(frmMain.*row.Box, values.*row.Value != 0);
     for (const OptionRow& row : OptionGroups) ChooseByCaption(row.Options(), values.*row.Value);
     Shared.Port = values.Port;
-    Choose(frmMain.optPortTX[values.Port - 1]);
-    Choose(frmMain.optPortRX[values.Port - 1]);
-    Shared.SettingsTX =
-        values.BaudTX + "," + values.ParityTX + "," + values.DataBitsTX + "," + values.StopBitsTX;
-    Shared.SettingsRX =
-        values.BaudRX + "," + values.ParityRX + "," + values.DataBitsRX + "," + values.StopBitsRX;
+    MakeComSettings();
     Shared.ComEnabled = values.ComPortEnable;
     SetCheck(frmMain.chkEnableCom, values.ComPortEnable);
     frmMain.mnuTX.Enabled = frmMain.mnuRX.Enabled = values.ComPortEnable;
@@ -183,9 +179,8 @@ void LoadSettings(const std::optional<std::string>& argument)
     if (!HasUserFile(EditorFile)) {
         Shared.Machine = MachineKind::MK4;
         Shared.Metric = Shared.Horizontal = false;
-        SetUnits(Shared.Metric);
+        ShowUnits().Value = 1; // chosen by nobody: the presets stay as they are
         ApplyPlainSettings({});
-        ClampFeeds();
         ApplyGeometry({});
         MakeFormCaption();
         if (argument && FileExists(*argument)) LoadFile(*argument);
@@ -333,5 +328,6 @@ void mnuReset_Click()
     LoadLanguageModule(language);
     Shared.Machine = machine;
     ApplyMachine();
+    BeginCommunication();
     Shared.Changed = false;
 }

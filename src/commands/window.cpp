@@ -17,6 +17,10 @@
 #include "editor/run.h"
 #include "interpreter/interpreter.h"
 #include "platform/platform.h"
+#include "platform/port.h"
+#include "serial/receive.h"
+#include "serial/setup.h"
+#include "serial/transmit.h"
 #include "ui/columns.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
@@ -99,6 +103,11 @@ void mnuSettingsShow_Click()
 {
     frmMain.tabSettings.Visible = !frmMain.tabSettings.Visible;
     SetFocus(frmMain.tabSettings.Visible ? frmMain.tabSettings : frmMain.lvCncProgram);
+    if (frmMain.tabSettings.Visible) {
+        tabSettings_Click();
+    } else {
+        LeaveSettings();
+    }
 }
 
 void cmdTopButtons_Click(int index)
@@ -111,6 +120,8 @@ void cmdTopButtons_Click(int index)
     case 5: ToggleAxes(frmMain.picZXaxes); break;
     case 6: ToggleAxes(frmMain.picXYaxes); break;
     case 7: mnuDraw_Click(); break;
+    case 8: mnuRX_Click(); break;
+    case 9: mnuTX_Click(); break;
     default: break;
     }
 }
@@ -118,7 +129,9 @@ void cmdTopButtons_Click(int index)
 void AxesPicture_Click()
 {
     HideAxesPictures();
+    if (!frmMain.tabSettings.Visible) return;
     frmMain.tabSettings.Visible = false;
+    LeaveSettings();
 }
 
 void mnuCalculator_Click()
@@ -148,8 +161,31 @@ void lblSettingsAbsColor_Click()
     ChooseColor(Shared.AbsColor);
 }
 
+namespace {
+
+/// Asks before a transmission is stopped, and lets its stop mark go out first. False while it goes on.
+bool EndTransmissionBeforeExit()
+{
+    if (!Shared.Transmitting) return true;
+    if (Shared.ExitPending) {
+        AbandonTransmission(); // closed once more: nobody waits for a line that stands still
+        return true;
+    }
+    const MessageBox box{"A program is being transmitted. Stop it and exit?", TextOf(Messages::Continue),
+                         Buttons::YesNo, Icon::Question};
+    if (ThePlatform->Show(box) != Answer::Yes) return false;
+    Shared.ExitPending = true;
+    if (Shared.Transmitting) cmdStop_Click();
+    return !Shared.Transmitting;
+}
+
+} // namespace
+
 void mnuExit_Click()
 {
+    if (!EndTransmissionBeforeExit()) return;
+    Shared.ExitPending = false;
+    if (frmMain.frRXcode.Visible && !KeepReceived()) return;
     if (LineCount() > 0 && Shared.Changed) {
         const MessageBox box{TextOf(Messages::SaveOpenFile), TextOf(Messages::Continue),
                              Buttons::YesNoCancel};
@@ -166,6 +202,7 @@ void mnuExit_Click()
     ResetInterpreter();
     SaveSettings();
     frmDraw_Close();
+    ThePort->Close();
     Shared.RunMode = Shared.RunLocked = false;
     Shared.Ended = true;
 }

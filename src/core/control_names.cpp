@@ -167,6 +167,8 @@ constexpr NameRow Names[] = {
     // Over the list
     {"lblMessage", "Message of the line", "[CTRL-E] goes to the next line with a message"},
     {"lblHint", "Hint", "What the field with the cursor wants"},
+    {"lblTransfer", "Transfer", "How far the transfer is"},
+    {"cmdReceiveLast", "", "Brings back what was received last and neither saved nor imported"},
     {"frRXcode", "", "What the machine has sent"},
     {"txtRX", "Received code", "What the machine has sent"},
     {"frCmdRX", "Reception", "What becomes of the received code"},

@@ -60,8 +60,10 @@ struct SharedState {
     bool AutoWidthOn = false;
     /// User controls are enabled.
     bool ControlsEnabled = true;
-    /// A transmission is running.
+    /// A transmission is running; it was asked to stop; the program is to be left when it has.
     bool Transmitting = false;
+    bool StopSending = false;
+    bool ExitPending = false;
     /// The walk of the editor's run waits at each line for the Step button.
     bool RunMode = false;
     /// The Step button was pressed; a waiting walk consumes it.

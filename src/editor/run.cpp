@@ -33,6 +33,12 @@ void cmdStep_Click()
 
 void cmdStop_Click()
 {
+    if (Shared.Transmitting) {
+        // The transmission ends itself, behind the line that is going out.
+        Shared.StopSending = true;
+        frmMain.cmdStop.Enabled = false;
+        return;
+    }
     frmMain.cmdRun.Visible = true;
     frmMain.cmdStep.Enabled = true;
     Shared.RunMode = Shared.RunLocked = false;
@@ -40,5 +46,4 @@ void cmdStop_Click()
     Interpreter();
     ControlsEnable(true);
     FirstFieldFocus();
-    Shared.Transmitting = false;
 }

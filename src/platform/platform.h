@@ -29,6 +29,8 @@ struct FileDialog {
     std::string Filter;
     /// Where the dialog begins; "" leaves that to the platform.
     std::string Folder;
+    /// The dialog itself asks before a file is replaced; else the program does.
+    bool AsksBeforeReplacing = false;
 };
 
 struct DateTime {
@@ -51,6 +53,9 @@ public:
 
     /// Asks for a colour, beginning with one; no value when cancelled. 24 bits in blue-green-red order.
     virtual std::optional<int> AskForColor(int present) = 0;
+
+    /// A short sound that says no.
+    virtual void Beep() = 0;
 
     /// Local date and time.
     virtual DateTime Now() = 0;

@@ -1,10 +1,11 @@
 // scripted.h: a platform without a toolkit, for the console program and the tests.
 //
-// Boxes and dialogs are answered from queues and recorded; the clock stands still.
+// Boxes and dialogs are answered from queues and recorded; the clock stands still; the port only records.
 
 #pragma once
 
 #include "platform/platform.h"
+#include "platform/recording_port.h"
 
 #include <deque>
 #include <vector>
@@ -35,6 +36,8 @@ public:
     std::vector<ShownDialog> Dialogs;
     /// Programs that were started: the first name of each call.
     std::vector<std::string> Launched;
+    int Beeps = 0;
+    RecordingPort Port;
 
     DateTime Clock{2026, 1, 2, 3, 4, 5};
     std::string DataFolder, OtherFolder;
@@ -43,6 +46,7 @@ public:
     std::optional<std::string> AskForFile(const FileDialog& dialog) override;
     bool Launch(const std::vector<std::string>& programs) override;
     std::optional<int> AskForColor(int present) override;
+    void Beep() override { ++Beeps; }
     DateTime Now() override { return Clock; }
     std::string LocalDataFolder() override { return DataFolder; }
     std::string SettingsFolder() override { return OtherFolder; }

@@ -134,14 +134,14 @@ void LayOutEntry(const ControlWidgets& widgets)
 
     // The code's letter stands above its digits, behind the word.
     QBoxLayout* const caption = new QBoxLayout(QBoxLayout::LeftToRight);
-    caption->setSpacing(2);
+    caption->setSpacing(Gap);
     caption->addWidget(Of(widgets, main.lblCode));
     caption->addWidget(Of(widgets, main.lblGMcode));
     caption->addStretch();
     QFont bold = Of(widgets, main.lblGMcode)->font();
     bold.setBold(true);
     Of(widgets, main.lblGMcode)->setFont(bold);
-    row->addLayout(FieldCell(widgets, caption, main.txtGMcode), 11);
+    row->addLayout(FieldCell(widgets, caption, main.txtGMcode), 12);
     for (const EntryField& field : EntryFields) {
         QLayoutItem* const label = new QWidgetItem(Of(widgets, main.*field.Label));
         row->addLayout(FieldCell(widgets, label, main.*field.Box), field.Share);
@@ -177,6 +177,7 @@ void LayOutButtons(const ControlWidgets& widgets)
     const Control* const buttons[] = {&main.cmdReceiveImport, &main.cmdReceiveSave, &main.cmdReceiveNew,
                                       &main.cmdReceiveExit};
     for (int i = 0; i < 4; ++i) receive->addWidget(Of(widgets, *buttons[i]), i / 2, i % 2);
+    receive->addWidget(Of(widgets, main.cmdReceiveLast), 2, 0);
 }
 
 /// Rows of alike columns, so that the labels of all axes stand below each other.
@@ -387,9 +388,13 @@ void PlaceTop(const ControlWidgets& widgets, const QWidget& content)
     const int viewEnd = ToPixels(content, main.lstMK4Gcodes.Left);
     Put(widgets, main.frSetReplace, {setLeft + Gap, 4, viewLeft - setLeft - Space, paneHeight - 2});
     Put(widgets, main.frView, {viewLeft + Gap, 4, viewEnd - viewLeft - Space, paneHeight - 2});
-    Put(widgets, main.frControlPanel,
-        {Space + 2, listTop - pathHeight, ToPixels(content, main.frControlPanel.Width) - 2 * Space,
-         pathHeight});
+    // A transfer that has something to say takes the right half of the path's row.
+    const int pathWidth = ToPixels(content, main.frControlPanel.Width) - 2 * Space;
+    const int transferWidth = main.lblTransfer.Text.empty() ? 0 : pathWidth / 2;
+    const int pathTop = listTop - pathHeight;
+    Put(widgets, main.frControlPanel, {Space + 2, pathTop, pathWidth - transferWidth, pathHeight});
+    Put(widgets, main.lblTransfer,
+        {Space + 2 + pathWidth - transferWidth, pathTop, transferWidth, pathHeight});
 }
 
 /// The right column: code lists, notes, and the settings over both.
@@ -498,7 +503,7 @@ void LayOutPanes(ControlWidgets& widgets)
     LayOutProperties(widgets);
     LayOutSettings(widgets);
     LayOutSerialLine(widgets);
-    AlignRight(widgets, {&frmMain.lblHint});
+    AlignRight(widgets, {&frmMain.lblHint, &frmMain.lblTransfer});
 }
 
 void PlacePanes(const ControlWidgets& widgets, const QWidget& content)

@@ -70,7 +70,6 @@ void CanvasView::PaintMark(QPainter& painter) const
     painter.scale(scale, scale);
     painter.setOpacity(0.55);
     PainterCanvas canvas(painter, frmDraw.Window.Width, frmDraw.Window.Height, PainterCanvas::Device::Vector);
-    canvas.SetBackColor(Picture.Settings().Back);
     constexpr Color Orange = 0x20A0FF;
     canvas.SetForeColor(Orange);
     canvas.SetPenWidth(5);

@@ -7,6 +7,8 @@
 #include "qt/draw_frame.h"
 #include "qt/main_frame.h"
 #include "qt/picture_writer.h"
+#include "qt/serial_port.h"
+#include "serial/receive.h"
 #include "ui/tick.h"
 
 #include <QApplication>
@@ -26,7 +28,10 @@ int main(int argc, char** argv)
     if (arguments.size() > 1) file = QFileInfo(arguments[1]).absoluteFilePath().toStdString();
 
     Desktop desktop;
+    SerialPort port;
+    ThePort = &port;
     ResetState();
+    port.OnEvent = [&desktop](PortEvent event) { desktop.RunLater([event] { MSComm1_OnComm(event); }); };
     MainFrame window(desktop);
     FindFrame find(desktop, &window);
     DrawFrame drawing(desktop);

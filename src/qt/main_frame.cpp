@@ -130,7 +130,7 @@ void MainFrame::Render()
     }
     Warning->setVisible(!frmMain.lblMessage.Text.empty());
     Warning->setGeometry(8, message->y(), 16, message->height());
-    if (Warning->isVisible())
+    if (Warning->pixmap().isNull())
         Warning->setPixmap(Theme::PictureIcon("warning").pixmap(QSize(16, 16), devicePixelRatio()));
     QWidget* const hint = Events.Widgets.Of(frmMain.lblHint);
     const QColor muted = Theme::Muted(palette());

@@ -164,6 +164,12 @@ void TabPane::SetCurrent(int index)
     if (Stack->currentIndex() != index) Stack->setCurrentIndex(index);
     if (QAbstractButton* const button = Group->button(index); button != nullptr && !button->isChecked())
         button->setChecked(true);
+    // The shade of a pressed button alone is lost on a dark palette.
+    for (QAbstractButton* const button : Group->buttons()) {
+        QFont font = this->font();
+        font.setBold(Group->id(button) == index);
+        if (button->font() != font) button->setFont(font);
+    }
 }
 
 void TabPane::paintEvent(QPaintEvent*)

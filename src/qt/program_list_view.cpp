@@ -148,6 +148,10 @@ QVariant ProgramListModel::headerData(int section, Qt::Orientation orientation, 
 
 void ProgramListModel::Follow()
 {
+    if (Headers != lvCncProgram.Headers) {
+        Headers = lvCncProgram.Headers;
+        emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+    }
     if (Version == lvCncProgram.Version && Rows == lvCncProgram.RowCount()) return;
     Version = lvCncProgram.Version;
     const int rows = lvCncProgram.RowCount();
@@ -256,8 +260,6 @@ void ProgramListView::Render()
     const int top = std::clamp(lvCncProgram.TopRow - 1, 0, verticalScrollBar()->maximum());
     if (verticalScrollBar()->value() != top) verticalScrollBar()->setValue(top);
     lvCncProgram.TopRow = verticalScrollBar()->value() + 1;
-    horizontalHeader()->viewport()->update();
-    viewport()->update();
     Pushing = false;
 }
 

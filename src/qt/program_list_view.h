@@ -5,10 +5,14 @@
 
 #pragma once
 
+#include "core/program_list.h"
+
 #include <QAbstractTableModel>
 #include <QTableView>
 
+#include <array>
 #include <functional>
+#include <string>
 
 class ProgramListModel : public QAbstractTableModel
 {
@@ -26,6 +30,7 @@ public:
 private:
     int Rows = 0;
     unsigned Version = 0;
+    std::array<std::string, CellCount> Headers;
 };
 
 class ProgramListView : public QTableView

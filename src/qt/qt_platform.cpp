@@ -88,8 +88,7 @@ std::optional<std::string> QtPlatform::AskForFile(const FileDialog& dialog)
     shown.setObjectName("fileDialog");
     shown.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     shown.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    // The engine asks before a file is replaced.
-    shown.setOption(QFileDialog::DontConfirmOverwrite);
+    shown.setOption(QFileDialog::DontConfirmOverwrite, !dialog.AsksBeforeReplacing);
     shown.setNameFilters(FiltersOf(dialog.Filter).split(";;"));
     shown.setDirectory(dialog.Folder.empty()
                            ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
@@ -114,6 +113,11 @@ std::optional<int> QtPlatform::AskForColor(int present)
     if (BeforeBox) BeforeBox();
     const QColor chosen = QColorDialog::getColor(Theme::FromBgr(present), QApplication::activeWindow());
     return chosen.isValid() ? std::optional(Theme::ToBgr(chosen)) : std::nullopt;
+}
+
+void QtPlatform::Beep()
+{
+    QApplication::beep();
 }
 
 DateTime QtPlatform::Now()

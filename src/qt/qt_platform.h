@@ -16,6 +16,7 @@ public:
     std::optional<std::string> AskForFile(const FileDialog& dialog) override;
     bool Launch(const std::vector<std::string>& programs) override;
     std::optional<int> AskForColor(int present) override;
+    void Beep() override;
     DateTime Now() override;
     std::string LocalDataFolder() override;
     std::string ProgramFolder() override;

@@ -6,6 +6,7 @@ namespace {
 
 void RunClick(const Control& control)
 {
+    if (control.On.ClickElement != nullptr) control.On.ClickElement(control.Element);
     if (control.On.Click != nullptr) control.On.Click();
 }
 

@@ -84,7 +84,7 @@ void ControlsEnable(bool enable)
     for (Control& button : frmMain.cmdTopButtons) button.Enabled = enable;
     for (const auto control : Locked) (frmMain.*control).Enabled = enable;
     if (!Shared.RunMode) frmMain.frCmdEditor3.Enabled = enable;
-    if (Shared.Transmitting) frmMain.cmdStop.Enabled = true;
+    if (Shared.Transmitting) frmMain.cmdStop.Enabled = !Shared.StopSending;
     if (!enable) return;
     EnableByProfile();
     frmMain.cmdFeedA.Enabled = frmMain.cmdFeedB.Enabled = Shared.FeedButtonsOn;
@@ -107,21 +107,22 @@ void EnableByProfile()
 
 bool Busy()
 {
-    return Shared.RunLocked || Shared.Transmitting;
+    return Shared.RunLocked || Shared.Transmitting || frmMain.frRXcode.Visible;
 }
 
 bool RefuseWhileBusy()
 {
     if (!Busy()) return false;
-    frmMain.lvCncProgram.ToolTip = Shared.Transmitting
-                                       ? Tr("A program is being transmitted: press Stop first")
-                                       : Tr("The program is being stepped through: press Stop first");
+    frmMain.lvCncProgram.ToolTip =
+        Tr(Shared.Transmitting ? "A program is being transmitted: press Stop first"
+           : Shared.RunLocked  ? "The program is being stepped through: press Stop first"
+                               : "Received code is shown: leave it by Exit Transfer Mode first");
     return true;
 }
 
 void cmdReturn_Click()
 {
-    if (!Shared.RunLocked) ControlsEnable(true);
+    if (!Busy()) ControlsEnable(true);
     for (Control* over :
          {&frmMain.cmdReturn, &frmMain.rtfAbout, &frmMain.lstAbout, &frmMain.rtfHelp,
           &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4, &frmMain.picXYaxes, &frmMain.picZXaxes}) {

@@ -12,6 +12,7 @@
 #include "ui/panes.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -100,7 +101,8 @@ void PlaceRunButtons()
     const bool sending = Shared.Transmitting;
     if (sending) frmMain.frCmdEditor3.Enabled = true;
     frmMain.cmdRun.Visible = frmMain.cmdStep.Visible = !sending;
-    frmMain.cmdStop.Visible = frmMain.cmdStop.Enabled = sending;
+    frmMain.cmdStop.Visible = sending;
+    frmMain.cmdStop.Enabled = sending && !Shared.StopSending;
     frmMain.cmdStop.Left = sending ? 200 : 640;
     frmMain.cmdStop.Width = sending ? 860 : 400;
 }
@@ -197,18 +199,23 @@ void ApplyMachine()
     SetUnits(Shared.Metric);
 }
 
-void SetUnits(bool metric)
+Control& ShowUnits()
 {
-    Shared.Metric = metric;
+    const bool metric = Shared.Metric, mill = Shared.Machine == MachineKind::F1;
     frmMain.mnuMMtoINCH.Enabled = metric;
     frmMain.mnuINCHtoMM.Enabled = !metric;
     frmMain.lblEntryUnits.Text = Tr(metric ? "1/100 mm: 1000 = 10.00 mm" : "1/1000 inch: 1000 = 1.000 inch");
-    const bool mill = Shared.Machine == MachineKind::F1;
-    for (const UnitsRow& row : UnitsTable) {
-        if (row.Mill != mill || row.Metric != metric || row.Horizontal != Shared.Horizontal) continue;
-        frmMain.lblPPUnits.Text = row.Caption;
-        Choose(frmMain.*row.Option);
-    }
+    const auto row = std::find_if(std::begin(UnitsTable), std::end(UnitsTable), [&](const UnitsRow& units) {
+        return units.Mill == mill && units.Metric == metric && units.Horizontal == Shared.Horizontal;
+    });
+    frmMain.lblPPUnits.Text = row->Caption;
+    return frmMain.*row->Option;
+}
+
+void SetUnits(bool metric)
+{
+    Shared.Metric = metric;
+    Choose(ShowUnits());
 }
 
 void ControlsPositioning()

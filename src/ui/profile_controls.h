@@ -11,6 +11,9 @@ Control& OptionOfMachine(MachineKind machine);
 /// Arranges all that depends on the machine: titles, columns, enabled frames, then the units.
 void ApplyMachine();
 
+/// Shows the units in force, and returns their option.
+Control& ShowUnits();
+
 /// Selects metric or imperial units and shows them: the option that fits machine, units and spindle is
 /// chosen, which runs its handler when it was off, so Changed may become true.
 void SetUnits(bool metric);

@@ -47,6 +47,7 @@ void EnableCommands()
 
 void tmr1sec_Timer()
 {
+    if (Shared.Transmitting) return; // nothing changes while a program is sent
     if (Shared.ControlsEnabled) EnableCommands();
     if (Shared.Minimized || Shared.Maximized) return;
     if (frmMain.Window.Height < MinHeight) {

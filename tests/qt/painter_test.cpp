@@ -160,7 +160,7 @@ TEST(Painter, FiguresFarBeyondTheSheet)
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
 }
 
-TEST(Painter, ArcsEndWithinHalfAPixel)
+TEST(Painter, ArcsEndWhereTheyShould)
 {
     // Angles halfway between the sixteenths of a degree; to round to one would be an error of 1.6 pixels.
     constexpr double Radius = 3000, ToRadians = M_PI / 180;
@@ -184,8 +184,9 @@ TEST(Painter, ArcsEndWithinHalfAPixel)
                 last = std::max(last, along);
             }
         }
-        EXPECT_NEAR(first, -ToRadians * Radius, 1) << middle; // half the pen and half a pixel
-        EXPECT_NEAR(last, ToRadians * Radius, 1) << middle; // half the pen and half a pixel
+        // Half the pen and half a pixel.
+        EXPECT_NEAR(first, -ToRadians * Radius, 1) << middle;
+        EXPECT_NEAR(last, ToRadians * Radius, 1) << middle;
     }
 }
 

@@ -1,0 +1,245 @@
+#include "qt/serial_port.h"
+
+#include <QCollator>
+#include <QSerialPortInfo>
+
+#include <algorithm>
+#include <chrono>
+#include <grp.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = LinePace::Clock;
+
+constexpr int AlreadyOpen = 8005, NotOpen = 8018, PermissionDenied = 70;
+constexpr int MostLatePolls = 50; ///< milliseconds between looks at a port that stands still
+
+std::string PathOf(const std::string& name)
+{
+    return name.starts_with('/') ? name : "/dev/" + name;
+}
+
+/// A terminal that is no line: it takes any parameters and keeps none.
+bool IsPseudo(const std::string& name)
+{
+    return PathOf(name).starts_with("/dev/pts/");
+}
+
+bool IsUsb(const QString& name)
+{
+    return name.startsWith("ttyUSB") || name.startsWith("ttyACM");
+}
+
+std::string GroupOf(const std::string& path)
+{
+    struct stat info;
+    const group* const named = ::stat(path.c_str(), &info) == 0 ? ::getgrgid(info.st_gid) : nullptr;
+    return named != nullptr ? named->gr_name : "dialout";
+}
+
+QSerialPort::Parity ParityOf(char letter)
+{
+    return letter == 'E'   ? QSerialPort::EvenParity
+           : letter == 'O' ? QSerialPort::OddParity
+                           : QSerialPort::NoParity;
+}
+
+} // namespace
+
+SerialPort::SerialPort(std::string device) : Fixed(std::move(device))
+{
+    Timer.setSingleShot(true);
+    Timer.setTimerType(Qt::PreciseTimer);
+    connect(&Timer, &QTimer::timeout, this, [this] { Wake(); });
+    connect(&Device, &QSerialPort::readyRead, this, [this] {
+        if (std::exchange(ToldReceived, true)) return;
+        if (OnEvent) OnEvent(PortEvent::Received);
+    });
+    connect(&Device, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
+        switch (error) {
+        case QSerialPort::NoError:
+        case QSerialPort::UnsupportedOperationError: // SetLine says so itself
+        case QSerialPort::TimeoutError:
+        case QSerialPort::OpenError:
+        case QSerialPort::NotOpenError: break;
+        default:
+            if (Device.isOpen()) Lose();
+        }
+    });
+}
+
+std::vector<std::string> SerialPort::Devices()
+{
+    if (!Fixed.empty()) return {Fixed};
+    QStringList names;
+    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) names << info.portName();
+    QCollator natural;
+    natural.setNumericMode(true);
+    std::sort(names.begin(), names.end(), [&](const QString& a, const QString& b) {
+        if (IsUsb(a) != IsUsb(b)) return IsUsb(a);
+        return natural.compare(a, b) < 0;
+    });
+    std::vector<std::string> devices;
+    for (const QString& name : names.first(std::min<qsizetype>(names.size(), MaxPorts)))
+        devices.push_back(name.toStdString());
+    return devices;
+}
+
+/// Why the device can't be used, as far as that can be seen without opening it.
+std::optional<PortFailure> SerialPort::Refusal(const std::string& name) const
+{
+    if (name.empty()) return PortFailure{NotOpen, ReasonMissing("")};
+    const std::string path = PathOf(name);
+    struct stat info;
+    if (::stat(path.c_str(), &info) != 0 || !S_ISCHR(info.st_mode))
+        return PortFailure{NotOpen, ReasonMissing(name)};
+    if (::access(path.c_str(), R_OK | W_OK) != 0)
+        return PortFailure{PermissionDenied, ReasonForbidden(name, GroupOf(path))};
+    return std::nullopt;
+}
+
+std::optional<PortFailure> SerialPort::Open()
+{
+    if (Device.isOpen()) return PortFailure{AlreadyOpen};
+    const std::vector<std::string> devices = Devices();
+    const size_t index = static_cast<size_t>(Number - 1);
+    Name = index < devices.size() ? devices[index] : "";
+    if (const auto refusal = Refusal(Name)) return refusal;
+
+    // Opened with parameters that every device takes; the wanted ones are set behind that.
+    Device.setPortName(QString::fromStdString(PathOf(Name)));
+    Device.setBaudRate(9600);
+    Device.setDataBits(QSerialPort::Data8);
+    Device.setParity(QSerialPort::NoParity);
+    Device.setStopBits(QSerialPort::OneStop);
+    Device.setFlowControl(QSerialPort::NoFlowControl);
+    Device.clearError();
+    ++Opening;
+    if (!Device.open(QIODevice::ReadWrite)) {
+        const bool held = Device.error() == QSerialPort::PermissionError;
+        if (held) return PortFailure{AlreadyOpen, ReasonHeld(Name)};
+        return PortFailure{NotOpen, Name + " can't be opened: " + Device.errorString().toStdString()};
+    }
+    Pace.Reset();
+    ToldRoom = ToldEmpty = true;
+    ToldReceived = false;
+    if (ApplyLine()) return std::nullopt;
+    Close();
+    return PortFailure{NotOpen, ReasonRefused(Name, Parameters), true};
+}
+
+void SerialPort::Close()
+{
+    ++Opening;
+    Timer.stop();
+    Pace.Reset();
+    if (Device.isOpen()) Device.close();
+}
+
+bool SerialPort::ApplyLine()
+{
+    const LineParameters line = ReadLineParameters(Parameters).value_or(LineParameters{});
+    Pace.SetLine(line);
+    const bool taken = Device.setBaudRate(line.Baud) &&
+                       Device.setDataBits(static_cast<QSerialPort::DataBits>(line.DataBits)) &&
+                       Device.setParity(ParityOf(line.Parity)) &&
+                       Device.setStopBits(line.StopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop);
+    return taken || !Device.isOpen() || IsPseudo(Name);
+}
+
+std::optional<PortFailure> SerialPort::SetLine(const std::string& parameters)
+{
+    if (parameters == Parameters) return std::nullopt;
+    const std::string before = std::exchange(Parameters, parameters);
+    if (!Device.isOpen() || ApplyLine()) return std::nullopt;
+    Parameters = before;
+    ApplyLine();
+    return PortFailure{NotOpen, ReasonRefused(Name, parameters), true};
+}
+
+std::optional<PortFailure> SerialPort::Write(std::string_view bytes)
+{
+    if (!Device.isOpen()) return Last.Number != 0 ? Last : PortFailure{NotOpen};
+    const auto count = static_cast<qint64>(bytes.size());
+    if (Device.write(bytes.data(), count) != count) {
+        if (Device.isOpen()) Lose();
+        return Last;
+    }
+    Device.flush();
+    if (!Device.isOpen()) return Last; // the first error closed it
+    Pace.Add(bytes.size(), Clock::now());
+    ToldRoom = ToldEmpty = false;
+    WakeLater();
+    return std::nullopt;
+}
+
+/// Bytes that the toolkit and the system still hold.
+size_t SerialPort::BytesInside() const
+{
+    if (!Device.isOpen()) return 0;
+    int queued = 0;
+    if (::ioctl(Device.handle(), TIOCOUTQ, &queued) != 0) queued = 0;
+    return static_cast<size_t>(Device.bytesToWrite()) + static_cast<size_t>(std::max(queued, 0));
+}
+
+bool SerialPort::HasRoom() const
+{
+    return Clock::now() >= Pace.RoomAt() && BytesInside() <= Pace.LeadBytes();
+}
+
+bool SerialPort::IsEmpty() const
+{
+    return Clock::now() >= Pace.WhenEmpty() && BytesInside() == 0;
+}
+
+std::optional<PortFailure> SerialPort::Read(std::string& bytes)
+{
+    ToldReceived = false;
+    const bool readable = Device.isOpen() || !Leftover.empty();
+    bytes += std::exchange(Leftover, {});
+    if (Device.isOpen()) bytes += Device.readAll().toStdString();
+    if (!readable) return PortFailure{NotOpen};
+    return std::nullopt;
+}
+
+/// The device is gone. The program hears of it when it is in no call to the port.
+void SerialPort::Lose()
+{
+    Leftover += Device.readAll().toStdString();
+    Last = {NotOpen, ReasonGone(Name)};
+    Timer.stop();
+    Pace.Reset();
+    Device.close();
+    QTimer::singleShot(0, this, [this, opening = Opening] {
+        if (!Leftover.empty() && OnEvent) OnEvent(PortEvent::Received);
+        if (opening == Opening && OnEvent) OnEvent(PortEvent::Failed);
+    });
+}
+
+/// Tells of room, and of a port that has run empty, once each.
+void SerialPort::Wake()
+{
+    if (!Device.isOpen()) return;
+    const bool room = !ToldRoom && HasRoom(), empty = !ToldEmpty && IsEmpty();
+    ToldRoom = ToldRoom || room;
+    ToldEmpty = ToldEmpty || empty;
+    WakeLater();
+    if ((room || empty) && OnEvent) OnEvent(PortEvent::Sent);
+}
+
+void SerialPort::WakeLater()
+{
+    if (ToldRoom && ToldEmpty) return;
+    const auto due = ToldRoom ? Pace.WhenEmpty() : Pace.RoomAt();
+    const auto now = Clock::now();
+    // A port that is late is looked at again and again, at longer times the later it is.
+    const auto late = std::chrono::duration_cast<std::chrono::milliseconds>(now - due);
+    const auto wait = now < due ? std::chrono::ceil<std::chrono::milliseconds>(due - now)
+                                : std::clamp(late / 4, 1ms, std::chrono::milliseconds(MostLatePolls));
+    Timer.start(wait);
+}

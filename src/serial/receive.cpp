@@ -1,0 +1,217 @@
+#include "serial/receive.h"
+
+#include "core/app_data.h"
+#include "core/code_page.h"
+#include "core/failure.h"
+#include "core/main_window.h"
+#include "core/messages.h"
+#include "core/program_list.h"
+#include "core/shared_state.h"
+#include "core/text.h"
+#include "files/reader.h"
+#include "platform/files.h"
+#include "platform/platform.h"
+#include "serial/transfer.h"
+#include "serial/transmit.h"
+#include "ui/focus.h"
+#include "ui/panes.h"
+
+#include <algorithm>
+
+namespace {
+
+using W = MainWindow;
+
+constexpr Control W::*EditorButtons[] = {&W::frCmdEditor1, &W::frCmdEditor2, &W::frCmdEditor3};
+
+/// The file of a text that was neither saved nor imported, "" without a folder of the user.
+std::string KeptFile()
+{
+    const std::string folder = AppDataPath();
+    return folder.empty() ? "" : folder + "/Receive.txt";
+}
+
+/// The text of the pane was neither saved nor imported.
+bool Unsaved = false;
+
+void SetText(std::string text)
+{
+    Control& box = frmMain.txtRX;
+    box.Text = std::move(text);
+    box.SelStart = static_cast<int>(CharacterCount(box.Text));
+    box.SelLength = 0;
+}
+
+/// Locks the editor and shows the pane. During a transmission Stop stays in its row.
+void OpenPane()
+{
+    cmdReturn_Click();
+    // The buttons of a run or of a transmission are its only way out; the window is locked already.
+    if (!Busy()) ControlsEnable(false);
+    for (const auto frame : EditorButtons) (frmMain.*frame).Visible = false;
+    frmMain.frCmdEditor3.Visible = Shared.Transmitting;
+    frmMain.frCmdRX.Visible = frmMain.frRXcode.Visible = true;
+    SetText("");
+    Unsaved = false;
+    DropFocus(frmMain.txtRX); // the field that was left is not judged
+    SetFocus(frmMain.txtRX);
+}
+
+void TakeCharacters()
+{
+    const bool opens = !frmMain.frRXcode.Visible;
+    if (opens) OpenPane();
+    std::string bytes;
+    const auto failure = ThePort->Read(bytes);
+    std::erase(bytes, '\0');
+    Control& box = frmMain.txtRX;
+    if (!bytes.empty()) {
+        if (box.Text.empty()) ForgetReceived(); // a stream begins
+        SetText(std::move(box.Text) + FromCodePage(bytes));
+        Unsaved = true;
+    }
+    SetFocus(box);
+    if (failure) {
+        PortTrouble(*failure, "MSComm1_OnComm", TroubleBox::Plain);
+    } else if (opens && !Shared.Transmitting && ThePort->IsOpen()) {
+        if (const auto refused = ThePort->SetLine(Shared.SettingsRX))
+            PortTrouble(*refused, "MSComm1_OnComm", TroubleBox::Plain);
+    }
+}
+
+void LosePort()
+{
+    if (Shared.Transmitting) {
+        TransmissionLostPort();
+        return;
+    }
+    PortTrouble(ThePort->LastFailure(), "MSComm1_OnComm", TroubleBox::Plain);
+}
+
+} // namespace
+
+void mnuRX_Click()
+{
+    if (!Shared.ComEnabled || Shared.Transmitting || Shared.RunLocked) return;
+    if (frmMain.frRXcode.Visible && !KeepReceived()) return;
+    std::optional<PortFailure> failure;
+    if (!ThePort->IsOpen()) failure = ThePort->Open();
+    if (!failure) failure = ThePort->SetLine(Shared.SettingsRX);
+    OpenPane();
+    if (failure) PortTrouble(*failure, "mnuRX_Click", TroubleBox::Problem);
+}
+
+void MSComm1_OnComm(PortEvent event)
+{
+    switch (event) {
+    case PortEvent::Sent: break; // a transmission that waits goes on when the event is over
+    case PortEvent::Received: TakeCharacters(); break;
+    case PortEvent::Failed: LosePort(); break;
+    }
+}
+
+void cmdReceiveSave_Click()
+{
+    const std::string text(Trimmed(frmMain.txtRX.Text));
+    if (text.empty()) {
+        ShowMessage(TextOf(Messages::NoLines));
+        return;
+    }
+    FileDialog dialog{FileDialog::Purpose::Save, "", ProgramFileFilter, ""};
+    dialog.AsksBeforeReplacing = true;
+    const std::string path = ThePlatform->AskForFile(dialog).value_or("");
+    if (path.empty()) {
+        ShowMessage(TextOf(Messages::NoFile));
+        return;
+    }
+    const std::string content = "%" + std::string(LineEnd) + "    " + text;
+    if (const auto failure = ReplaceFile(path, ToCodePage(content))) {
+        NoteFailure(failure->Number, "cmdReceiveSave_Click");
+        ShowMessage(path + " could not be saved: " + failure->Reason, "", Icon::Exclamation);
+        return;
+    }
+    ForgetReceived();
+    ShowMessage(path + " " + TextOf(Messages::HasBeenSaved));
+}
+
+void cmdReceiveNew_Click()
+{
+    if (!KeepReceived()) return;
+    SetText("");
+}
+
+void cmdReceiveLast_Click()
+{
+    std::string bytes;
+    if (const auto failure = ReadWholeFile(KeptFile(), bytes)) {
+        NoteFailure(failure->Number, "cmdReceiveLast_Click");
+        ShowMessage("The text can't be read: " + failure->Reason, "", Icon::Exclamation);
+        return;
+    }
+    SetText(FromCodePage(bytes));
+    Unsaved = true;
+    SetFocus(frmMain.txtRX);
+}
+
+void cmdReceiveExit_Click()
+{
+    if (KeepReceived()) CloseReceivePane();
+}
+
+void txtRX_Change()
+{
+    Unsaved = !frmMain.txtRX.Text.empty();
+}
+
+void CloseReceivePane()
+{
+    frmMain.frRXcode.Visible = frmMain.frCmdRX.Visible = false;
+    for (const auto frame : EditorButtons) (frmMain.*frame).Visible = true;
+    SetText("");
+    Unsaved = false;
+    frmMain.lblTransfer.Text.clear();
+    frmMain.lvCncProgram.ToolTip.clear();
+    cmdReturn_Click();
+}
+
+void ForgetReceived()
+{
+    Unsaved = false;
+    if (const std::string kept = KeptFile(); FileExists(kept)) RemoveFile(kept);
+}
+
+bool KeepReceived()
+{
+    if (!Unsaved || KeptFile().empty()) return true;
+    const auto failure = ReplaceFile(KeptFile(), ToCodePage(frmMain.txtRX.Text));
+    if (!failure) {
+        Unsaved = false;
+        return true;
+    }
+    NoteFailure(failure->Number, "cmdReceiveExit_Click");
+    const MessageBox box{"The received text could not be kept: " + failure->Reason + ". Go on without it?",
+                         "", Buttons::YesNo, Icon::Exclamation};
+    return ThePlatform->Show(box) == Answer::Yes;
+}
+
+void ResetReception()
+{
+    Unsaved = false;
+}
+
+std::string ReceptionText()
+{
+    const std::string& text = frmMain.txtRX.Text;
+    size_t lines = 0;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const bool ends = text[i] == '\n' || (text[i] == '\r' && text.compare(i, 2, LineEnd) != 0);
+        if (ends || i + 1 == text.size()) ++lines;
+    }
+    return std::to_string(lines) + " lines received";
+}
+
+void ShowReception()
+{
+    if (!frmMain.frRXcode.Visible) return;
+    frmMain.cmdReceiveLast.Visible = frmMain.txtRX.Text.empty() && FileExists(KeptFile());
+}

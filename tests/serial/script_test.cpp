@@ -1,0 +1,251 @@
+// Sending and receiving as a user meets them: each case types a script into a program of three lines and
+// looks at one thing. The port records.
+
+#include "cli/key_script.h"
+#include "cli/open_program.h"
+#include "commands/load.h"
+#include "commands/session.h"
+#include "core/code_page.h"
+#include "core/failure.h"
+#include "core/main_window.h"
+#include "core/program_list.h"
+#include "core/shared_state.h"
+#include "core/text.h"
+#include "support/program.h"
+#include "ui/focus.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const std::string Program =
+    "A note\n;another\n%\n    N` G`   X `    Z `  F`  H \n"
+    "    00 00   100    200           first\n    01 00  9999     00        \n    02M30\n"
+    "   M\n";
+
+/// What a machine sends, as {RX} takes it.
+#define SENT                                                                                                 \
+    "{RX %\\r\\n    N` G`   X `    Z `  F`  H \\r\\n    00 00   300     00\\r\\n    01M30\\r\\n   M\\r\\n}"
+/// Communication is switched on as a user does it.
+#define COM "{CLICK cmdTopButtons(4)}{PICK tabSettings 6}{CHECK chkEnableCom}{CLICK cmdTopButtons(4)}"
+#define TAB "{CLICK cmdTopButtons(4)}{PICK tabSettings 6}"
+
+std::string Shown(std::string text)
+{
+    text = ReplaceEach(text, "\r", "\\r");
+    return ReplaceEach(text, "\n", "\\n");
+}
+
+Control* ControlOf(const std::string& name)
+{
+    Control* found = nullptr;
+    frmMain.ForEach([&](Control& control) {
+        const std::string full = control.Element < 0
+                                     ? std::string(control.Name)
+                                     : control.Name + ("(" + std::to_string(control.Element) + ")");
+        if (name == full) found = &control;
+    });
+    return found;
+}
+
+std::string Look(const std::string& what)
+{
+    const auto yes = [](bool is) { return std::string(is ? "yes" : "no"); };
+    const std::string name = what.substr(std::min(what.find(' ') + 1, what.size()));
+    std::string joined;
+    if (what == "messages") {
+        for (const auto& shown : Console.Boxes) joined += Shown(shown.Box.Text) + "|";
+        return joined;
+    }
+    if (what == "sent") return Shown(FromCodePage(Console.Port.Sent));
+    if (what == "last sent")
+        return Shown(
+            Console.Port.Sent.substr(Console.Port.Sent.rfind('\n', Console.Port.Sent.size() - 2) + 1));
+    if (what == "port")
+        return yes(Console.Port.IsOpen()) + " " + std::to_string(Console.Port.Number) + " " +
+               Console.Port.Line;
+    if (what == "settings") return Shared.SettingsTX + " " + Shared.SettingsRX;
+    if (what == "com") return yes(Shared.ComEnabled) + " " + std::to_string(frmMain.chkEnableCom.Value);
+    if (what == "log") return LogList();
+    if (what == "focus") return Focused() == nullptr ? "" : Focused()->Name;
+    if (what == "lines") return std::to_string(LineCount());
+    if (what == "selected") return std::to_string(lvCncProgram.Selected);
+    if (what == "beeps") return std::to_string(Console.Beeps);
+    if (what == "locked") return yes(!Shared.ControlsEnabled);
+    if (what == "transmitting") return yes(Shared.Transmitting);
+    if (what == "ended") return yes(Shared.Ended);
+    if (what == "changed") return yes(Shared.Changed) + " '" + FileNameOf(frmMain.lblPath.Text) + "'";
+    if (what.starts_with("file ")) return Shown(BytesOf(Console.DataFolder + "/EMCO/BXL_160/" + name));
+    if (what.starts_with("visible ")) return yes(ControlOf(name)->Visible);
+    if (what.starts_with("usable ")) return yes(IsUsable(*ControlOf(name)));
+    if (what.starts_with("value ")) return std::to_string(ControlOf(name)->Value);
+    return Shown(ControlOf(name)->Text);
+}
+
+struct Case {
+    const char* Name;
+    const char* Script;
+    const char* What;
+    const char* Expected;
+    int Ports = 1;
+};
+
+/// The script runs as the console runs it: what still waits at its end goes out.
+void RunCase(const Case& c)
+{
+    const Folder folder;
+    BeginProgram({}, folder / "user", c.Ports);
+    LoadFile(folder.Put("three.cnc", WithCrLf(Program)));
+    AfterEvent();
+    EXPECT_EQ(RunKeyScript(c.Script).value_or(""), "") << c.Name;
+    EXPECT_EQ(Look(c.What), c.Expected) << c.Name << " (" << c.What << ")";
+}
+
+const Case ComTab[] = {
+    {"a choice in one group holds for the other", TAB "{CLICK optPortRX(1)}", "value optPortTX(1)", "1", 2},
+    {"and turns the former one off", TAB "{CLICK optPortRX(1)}", "value optPortTX(0)", "0", 2},
+    {"an open port is opened anew", COM TAB "{CLICK optPortTX(1)}", "port", "yes 2 300,N,8,1", 2},
+    {"a port that isn't there can't be chosen", TAB "{CLICK optPortRX(2)}", "value optPortTX(0)", "1", 2},
+    {"each option names its device", TAB, "optPortTX(1)", "Com2 – ttyUSB1", 2},
+    {"without a device the name alone", TAB, "optPortRX(2)", "Com3", 2},
+    {"other values change the settings at once",
+     TAB "{CLICK optBaudTX(6)}{CLICK optParityRX(1)}{CLICK optDataBitsRX(0)}{CLICK optStopBitsRX(1)}",
+     "settings", "9600,N,8,1 300,E,7,2"},
+    {"but not the port", COM TAB "{CLICK optBaudTX(6)}", "port", "yes 1 300,N,8,1"},
+    {"the standard needs no button", TAB, "usable cmdTXEmco", "no"},
+    {"any change brings it back", TAB "{CHECK chkTXfilter}", "usable cmdTXEmco", "yes"},
+    {"on its own side", TAB "{CHECK chkTXxonxoff}", "usable lblRXstandard", "no"},
+    {"the button leads back", TAB "{CLICK optBaudRX(6)}{CHECK chkRXfilter}{CLICK cmdRXEmco}",
+     "usable cmdRXEmco", "no"},
+    {"with every value", TAB "{CLICK optBaudTX(6)}{CLICK optStopBitsTX(1)}{CLICK lblTXstandard}", "settings",
+     "300,N,8,1 300,N,8,1"},
+    {"no ports, no communication", "", "com", "no 0", 0},
+    {"leaving the settings opens the port", COM, "port", "yes 1 300,N,8,1"},
+    {"switching off closes it", COM TAB "{CHECK chkEnableCom}", "port", "no 1 300,N,8,1"},
+    {"and locks the options", COM TAB "{CHECK chkEnableCom}", "usable optBaudTX(1)", "no"},
+    {"a port that fails says so once", "{PORT FAIL 8005}" COM TAB TAB, "messages",
+     "8005  Port already open in mnuSettingsShow_Click|"},
+    {"and is off", "{PORT FAIL 8005}" COM, "com", "no 0"},
+    {"one that is gone as well", COM "{UNPLUG}{RX x}" TAB TAB, "messages",
+     "ttyUSB0 is gone: plug it in, then enable communication again|"},
+    {"a failure of a choice is logged under its name", COM TAB "{PORT FAIL 8018}{CLICK optPortRX(1)}", "log",
+     "8018 optPortRX_Click", 2},
+};
+
+const Case Sending[] = {
+    {"the machine's columns", COM "{MENU mnuTX}", "sent",
+     "%\\r\\n    N` G`   X `    Z `  F`  H \\r\\n    00 00   100    200        \\r\\n    01 00  9999     00  "
+     "      \\r\\n    02M30                     \\r\\n   M\\r\\n"},
+    {"without the filter all of it",
+     COM TAB "{CHECK chkTXfilter}"
+             "{CLICK cmdTopButtons(4)}{MENU mnuTX}",
+     "sent",
+     "A note ;another\\r\\n%\\r\\n    N` G`   X `    Z `  F`  H \\r\\n    00 00   100    200          "
+     "first\\r\\n    "
+     "01 00  9999     00          \\r\\n    02M30                       \\r\\n   M\\r\\n"},
+    {"the end code is added first", COM "{ROW 3}{CLICK cmdDelete}{CLICK cmdTopButtons(9)}", "lines", "3"},
+    {"nothing without communication but a beep", "{CLICK cmdTopButtons(9)}", "beeps", "1"},
+    {"no lines, no transmission", COM "{MENU mnuNew}{CLICK cmdTopButtons(9)}", "messages",
+     "No Lines of code present|"},
+    {"the parameters come before the first character",
+     COM TAB "{CLICK optBaudTX(6)}{CLICK cmdTopButtons(4)}{MENU mnuTX}", "port", "yes 1 9600,N,8,1"},
+    {"stop sends the mark in place of the next line", COM "{MENU mnuTX}{LINES 1}{CLICK cmdStop}", "sent",
+     "%\\r\\n    N` G`   X `    Z `  F`  H \\r\\nM\\r\\n"},
+    {"in its own form on inch programs",
+     "{CLICK cmdTopButtons(4)}{PICK tabSettings 2}{CLICK optSettingsInch}{CLICK cmdTopButtons(4)}" COM
+     "{MENU mnuTX}{CLICK cmdStop}",
+     "last sent", "\"\\r\\n"},
+    {"behind the last line there is nothing to stop", COM "{MENU mnuTX}{LINES 5}{CLICK cmdStop}", "last sent",
+     "   M\\r\\n"},
+    {"a stopped program is not called sent", COM "{MENU mnuTX}{LINES 1}{CLICK cmdStop}", "lblTransfer",
+     "Stopped behind 2 of 6 lines"},
+    {"a whole one is", COM "{MENU mnuTX}", "lblTransfer", "6 lines sent"},
+    {"the selection comes back", COM "{ROW 2}{MENU mnuTX}", "selected", "2"},
+    {"and the editor", COM "{MENU mnuTX}", "locked", "no"},
+    {"a pulled cable: one message",
+     COM "{MENU mnuTX}{LINES 2}{UNPLUG}{LINES 3}{TICK}{CLICK cmdTopButtons(9)}", "messages",
+     "ttyUSB0 is gone: plug it in, then enable communication again\\r\\n\\r\\n8018  Port not open in "
+     "mnuTX_Click|"},
+    {"nothing goes on behind it", COM "{MENU mnuTX}{LINES 1}{UNPLUG}{LINES 9}", "last sent",
+     "    N` G`   X `    Z `  F`  H \\r\\n"},
+    {"nor is it called sent", COM "{MENU mnuTX}{LINES 1}{UNPLUG}", "lblTransfer",
+     "Not sent: failed behind 1 of 6 lines"},
+    {"a write that fails ends it", COM "{MENU mnuTX}{PORT FAIL 8018}{LINES 1}", "messages",
+     "8018  Port not open in mnuTX_Click|"},
+    {"also with a number of another kind", COM "{MENU mnuTX}{PORT FAIL 57}{LINES 1}", "com", "no 0"},
+    {"a port that doesn't open: nothing is changed",
+     COM "{ROW 3}{CLICK cmdDelete}{PORT FAIL 8005}{MENU mnuTX}", "lines", "2"},
+    {"rows are held", COM "{MENU mnuTX}{ROW 1}{DELETE}", "lines", "3"},
+    {"so is the port", COM TAB "{CLICK cmdTopButtons(9)}{CHECK chkEnableCom}", "last sent", "   M\\r\\n"},
+    {"closing: Yes stops first", COM "{MENU mnuTX}{LINES 1}{CLOSE frmMain}", "last sent", "M\\r\\n"},
+    {"and then leaves", COM "{MENU mnuTX}{CLOSE frmMain}", "ended", "yes"},
+    {"closing: No goes on", COM "{MENU mnuTX}{ANSWER No}{CLOSE frmMain}", "lblTransfer", "6 lines sent"},
+    {"closing twice waits for nothing", COM "{MENU mnuTX}{CLOSE frmMain}{CLOSE frmMain}", "ended", "yes"},
+};
+
+const Case Receiving[] = {
+    {"a stream opens the pane", COM SENT, "visible frRXcode", "yes"},
+    {"and locks the editor", COM SENT, "locked", "yes"},
+    {"which keeps its program", COM SENT "{ROW 1}{DELETE}", "lines", "3"},
+    {"a closed port hears nothing", "{RX abc}", "visible frRXcode", "no"},
+    {"NULs don't show; bytes do", COM "{RX a\\x00\\xE4b\\x00\\x80}", "txtRX", "aäb€"},
+    {"more is added behind, wherever the caret is", COM "{RX abc}{HOME}{RX def}", "txtRX", "abcdef"},
+    {"it is counted", COM "{RX a\\r\\nb\\rc}", "lblTransfer", "3 lines received"},
+    {"a half typed value isn't judged", COM "{CLICK txtGMcode}00{ENTER}6000{RX abc}", "messages", ""},
+    {"the command does nothing without communication", "{CLICK cmdTopButtons(8)}", "visible frRXcode", "no"},
+    {"it sets the parameters", COM TAB "{CLICK optBaudRX(6)}{CLICK cmdTopButtons(4)}{MENU mnuRX}", "port",
+     "yes 1 9600,N,8,1"},
+    {"a stream that opens the pane sets them too",
+     COM TAB "{CLICK optBaudRX(6)}{CLICK cmdTopButtons(4)}{RX a}", "port", "yes 1 9600,N,8,1"},
+    {"a port that fails has a box", "{PORT FAIL 8005}" COM "{CHECK chkEnableCom}", "messages",
+     "8005  Port already open in mnuSettingsShow_Click|"},
+    {"also for the command", TAB "{CHECK chkEnableCom}{PORT FAIL 8018}{CLICK cmdTopButtons(8)}", "messages",
+     "port problem|"},
+    {"import", COM SENT "{CLICK cmdReceiveImport}", "lines", "2"},
+    {"makes a changed program without a file", COM SENT "{CLICK cmdReceiveImport}", "changed", "yes ''"},
+    {"and leads back", COM SENT "{CLICK cmdReceiveImport}", "locked", "no"},
+    {"nothing to import", COM "{MENU mnuRX}{TEXT txtRX    }{CLICK cmdReceiveImport}", "messages",
+     "No Lines of code present|"},
+    {"an unknown text stays", COM "{RX  abc}{CLICK cmdReceiveImport}", "txtRX", " abc"},
+    {"and changes nothing", COM "{RX abc}{CLICK cmdReceiveImport}", "changed", "no 'three.cnc'"},
+    {"save needs a name", COM "{RX abc}{FILE}{CLICK cmdReceiveSave}", "messages", "No file specified|"},
+    {"a text that is left is kept", COM "{RX abc\\xE4}{CLICK cmdReceiveExit}", "file Receive.txt", "abc\xE4"},
+    {"and offered", COM "{RX abc}{CLICK cmdReceiveExit}{MENU mnuRX}{CLICK cmdReceiveLast}", "txtRX", "abc"},
+    {"not beside a text", COM "{RX abc}{CLICK cmdReceiveExit}{MENU mnuRX}{TEXT txtRX x}",
+     "visible cmdReceiveLast", "no"},
+    {"nor behind the next stream",
+     COM "{RX abc}{CLICK cmdReceiveNew}{RX d}{FILE d.tmp}{CLICK cmdReceiveSave}{CLICK cmdReceiveExit}{MENU "
+         "mnuRX}",
+     "visible cmdReceiveLast", "no"},
+    {"a cleared text is kept too", COM "{RX abc}{CLICK cmdReceiveNew}", "file Receive.txt", "abc"},
+    {"leaving the program keeps it", COM "{RX abc}{CLOSE frmMain}", "file Receive.txt", "abc"},
+    {"a full disk is told before it is lost",
+     COM "{RX abc}{DISK FULL}{ANSWER No}{CLICK cmdReceiveExit}{DISK OK}", "txtRX", "abc"},
+    {"a gone device leaves the text", COM "{RX abc}{UNPLUG}", "txtRX", "abc"},
+    {"a transmission goes on below the pane", COM "{MENU mnuTX}{RX abc}", "last sent", "   M\\r\\n"},
+    {"its end leaves the pane", COM "{MENU mnuTX}{RX abc}", "locked", "yes"},
+    {"with Stop in its row", COM "{MENU mnuTX}{RX abc}{CLICK cmdStop}", "last sent", "M\\r\\n"},
+    {"leaving the pane doesn't unlock", COM "{MENU mnuTX}{RX abc}{CLICK cmdReceiveExit}{CLICK cmdDelete}",
+     "lines", "3"},
+    {"nor can the rows be replaced", COM "{MENU mnuTX}" SENT "{CLICK cmdReceiveImport}", "lines", "3"},
+    {"the parameters of a transmission stay until its end",
+     COM TAB "{CLICK optBaudRX(6)}{CLICK cmdTopButtons(4)}{MENU mnuTX}{RX abc}{CLICK cmdStop}", "port",
+     "yes 1 9600,N,8,1"},
+};
+
+TEST(Serial, TheComTabSetsUpThePort)
+{
+    for (const Case& c : ComTab) RunCase(c);
+}
+
+TEST(Serial, AProgramGoesOut)
+{
+    for (const Case& c : Sending) RunCase(c);
+}
+
+TEST(Serial, AStreamComesIn)
+{
+    for (const Case& c : Receiving) RunCase(c);
+}
+
+} // namespace
