@@ -125,13 +125,14 @@ TEST(Painter, InvertingTwiceRestores)
 TEST(Painter, TheGroundChangesOnceForAll)
 {
     const QImage image = Paint([](DrawCanvas& canvas) {
+        canvas.SetForeColor(Colors::Red);
         canvas.DrawLine(0, 300, 3000, 300);
         canvas.SetBackColor(Colors::White); // the black picture is gone
-        canvas.SetForeColor(Colors::Red);
         canvas.DrawLine(0, 600, 3000, 600);
         canvas.SetBackColor(Colors::White); // nothing new
     });
     EXPECT_EQ(image.pixelColor(50, 20), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(50, 30), QColor(Qt::white));
     EXPECT_EQ(image.pixelColor(50, 40), QColor(Qt::red));
 }
 
