@@ -1,5 +1,6 @@
 #include "commands/keyboard.h"
 
+#include "commands/help.h"
 #include "commands/windows.h"
 #include "core/draw_window.h"
 #include "core/main_window.h"
@@ -97,6 +98,10 @@ bool RunShortcut(const KeyStroke& key)
             SelectNextMessage(key.Shift ? -1 : 1);
             return true;
         }
+        if (key.Typed == 'F' && IsHelpUp()) {
+            FocusHelpSearch();
+            return true;
+        }
         for (const MenuShortcut& shortcut : MenuShortcuts) {
             if (shortcut.Letter != key.Typed) continue;
             ChooseMenu(frmMain.*shortcut.Entry);
@@ -111,7 +116,7 @@ bool RunShortcut(const KeyStroke& key)
         return true;
     }
     if (key.Name == KeyName::F1) {
-        ChooseMenu(frmMain.mnuHelpText);
+        if (!ShowHelpOfField()) ChooseMenu(frmMain.mnuHelpText);
         return true;
     }
     return false;

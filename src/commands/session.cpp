@@ -1,6 +1,7 @@
 #include "commands/session.h"
 
 #include "commands/drawing.h"
+#include "commands/help.h"
 #include "commands/load.h"
 #include "commands/program.h"
 #include "commands/receive_import.h"
@@ -158,6 +159,7 @@ constexpr Event Events[] = {
     // Over the list
     {&W::cmdReturn, {cmdReturn_Click}},
     {&W::lstAbout, {lstAbout_Click}},
+    {&W::txtHelpFind, {nullptr, nullptr, nullptr, nullptr, nullptr, txtHelpFind_KeyPress}},
     {&W::picZXaxes, {AxesPicture_Click}},
     {&W::picXYaxes, {AxesPicture_Click}},
 };

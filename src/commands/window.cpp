@@ -1,6 +1,7 @@
 #include "commands/window.h"
 
 #include "commands/drawing.h"
+#include "commands/help.h"
 #include "commands/load.h"
 #include "commands/program.h"
 #include "commands/save.h"
@@ -28,31 +29,6 @@
 
 namespace {
 
-constexpr Control MainWindow::*HelpPages[] = {&MainWindow::rtfHelp, &MainWindow::rtfGcodeHelpMK2,
-                                              &MainWindow::rtfGcodeHelpMK4, &MainWindow::rtfAbout,
-                                              &MainWindow::lstAbout};
-
-void HidePages()
-{
-    for (const auto page : HelpPages) (frmMain.*page).Visible = false;
-}
-
-/// Shows a page in the place of any other; false when it was up already and is now closed.
-bool TogglePage(Control& page)
-{
-    if (page.Visible) {
-        cmdReturn_Click();
-        return false;
-    }
-    ControlsEnable(false);
-    frmMain.mnuHelp.Enabled = true;
-    HidePages();
-    HideAxesPictures();
-    frmMain.cmdReturn.Visible = true;
-    page.Visible = true;
-    return true;
-}
-
 void ToggleAxes(Control& picture)
 {
     picture.Visible = !picture.Visible;
@@ -70,34 +46,6 @@ void ChooseColor(float& color)
 }
 
 } // namespace
-
-void mnuHelpText_Click()
-{
-    TogglePage(frmMain.rtfHelp);
-}
-
-void mnuGhelp_Click()
-{
-    TogglePage(Shared.Machine == MachineKind::MK2 ? frmMain.rtfGcodeHelpMK2 : frmMain.rtfGcodeHelpMK4);
-}
-
-void mnuAbout_Click()
-{
-    if (!TogglePage(frmMain.rtfAbout)) return;
-    Control& list = frmMain.lstAbout;
-    list.Visible = true;
-    list.Items = {TextOf(Messages::ProgramVersion) + ":", std::string(ProductVersion) + "(2012/02/05)",
-                  TextOf(Messages::LanguageModule) + ":", std::string(TextOr("None", Shared.LanguageName))};
-    const std::string translator = TextOf(Messages::Translator);
-    if (translator.empty()) return;
-    list.Items.push_back(translator + ":");
-    list.Items.push_back(Shared.TranslatorName);
-}
-
-void lstAbout_Click()
-{
-    frmMain.lstAbout.Visible = false;
-}
 
 void mnuSettingsShow_Click()
 {
@@ -212,7 +160,7 @@ void Form_Activate()
     TakeFeeds();
     if (IsHelpUp()) cmdReturn_Click(); // a page that goes takes its lock with it
     HideAxesPictures();
-    HidePages();
+    HideHelpPages();
     MakeLinePropertiesColumns();
 }
 

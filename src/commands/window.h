@@ -1,14 +1,8 @@
-// window.h: the commands of the main window beside the program's: help pages, settings, exit.
+// window.h: the commands of the main window beside the program's: settings, exit.
 
 #pragma once
 
 #include "core/control.h"
-
-/// Help pages: each locks the window but for the Help menu; called again it closes its page.
-void mnuHelpText_Click();
-void mnuGhelp_Click();
-void mnuAbout_Click();
-void lstAbout_Click();
 
 /// The settings pane over the code lists, shown or hidden.
 void mnuSettingsShow_Click();

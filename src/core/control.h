@@ -90,7 +90,8 @@ struct Control {
     int Page = -1;
     bool Visible = true;
     bool Enabled = true;
-    /// Limit string of an entry field, such as "-5999TO5999"; "" when the field isn't checked.
+    /// Limit string of an entry field, such as "-5999TO5999"; "" when the field isn't checked. In a help page
+    /// the name of the place that it shows, "" for its beginning.
     std::string Tag = {};
     std::string ToolTip = {};
     /// Text boxes: the selection in characters; a length of 0 is the caret alone. A text that a routine

@@ -176,6 +176,7 @@ constexpr NameRow Names[] = {
     {"rtfGcodeHelpMK2", "Codes of the MK2", "[ESC] closes the help"},
     {"rtfGcodeHelpMK4", "Codes of the MK4 and the F1", "[ESC] closes the help"},
     {"rtfAbout", "History of versions", "[ESC] closes the page"},
+    {"txtHelpFind", "Text to find", "A text, then [ENTER]; [ESC] closes"},
     {"lstAbout", "About this program", "Click to see the history of versions"},
     {"picZXaxes", "Axes of the lathe", "Click to close the picture"},
     {"picXYaxes", "Axes of the mill", "Click to close the picture"},

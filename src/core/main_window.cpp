@@ -120,7 +120,8 @@ MainWindow::MainWindow()
 
     for (Control* entry : {&mnuMachine, &mnuUnits, &mnuFont, &mnuComm, &mnuPaths, &mnuRightClick,
                            &tabSettings, &rtfHelp, &rtfGcodeHelpMK2, &rtfGcodeHelpMK4, &rtfAbout, &lstAbout,
-                           &picZXaxes, &picXYaxes, &cmdReturn, &frRXcode, &frCmdRX, &cmdReceiveLast}) {
+                           &txtHelpFind, &picZXaxes, &picXYaxes, &cmdReturn, &frRXcode, &frCmdRX,
+                           &cmdReceiveLast}) {
         entry->Visible = false;
     }
     mnuINCHtoMM.Enabled = false;

@@ -113,6 +113,11 @@ struct SharedState {
     std::string FontName, FontSize = "10";
     /// The language module in use: its path, the language's name, the translator; "" without one.
     std::string LanguageFileName, LanguageName, TranslatorName;
+    /// The manual of the language in force; the other help pages are called after it.
+    std::string HelpFile = "English.html";
+    /// How often a help page was to show its place (the Tag of its pane), and how often its text was
+    /// searched.
+    unsigned HelpJumps = 0, HelpSearches = 0;
     /// The program has been left.
     bool Ended = false;
 

@@ -13,6 +13,11 @@ constexpr std::string_view ControlWords[] = {
 
 } // namespace
 
+std::span<const std::string_view> AllControlWords()
+{
+    return ControlWords;
+}
+
 bool IsUnknownControlCommand(std::string_view comment)
 {
     if (!StartsNoCase(comment, "CMD")) return false;

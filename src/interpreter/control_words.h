@@ -2,7 +2,11 @@
 
 #pragma once
 
+#include <span>
 #include <string_view>
+
+/// All control words, in capitals.
+std::span<const std::string_view> AllControlWords();
 
 /// Whether the comment's first word begins with "CMD" and is no control command (in any case).
 bool IsUnknownControlCommand(std::string_view comment);

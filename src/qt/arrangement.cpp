@@ -468,6 +468,8 @@ void PlaceList(const ControlWidgets& widgets, const QWidget& content)
     }
     const QRect list = widgets.Of(main.lvCncProgram)->geometry();
     const QSize button = widgets.Of(main.cmdReturn)->sizeHint();
+    const int line = widgets.Of(main.txtHelpFind)->sizeHint().height();
+    Put(widgets, main.txtHelpFind, {list.left() + 16, list.top() + 10, 260, line});
     Put(widgets, main.cmdReturn, QRect(list.topRight() + QPoint(-button.width() - 24, 10), button));
 }
 

@@ -3,6 +3,7 @@
 #include "core/control_names.h"
 #include "core/main_window.h"
 #include "qt/code_list.h"
+#include "qt/help_page.h"
 #include "qt/pane.h"
 #include "qt/program_list_view.h"
 #include "qt/text_sync.h"
@@ -17,7 +18,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTextBrowser>
 #include <QToolButton>
 
 namespace {
@@ -119,12 +119,7 @@ QWidget* MakeWidget(const Control& record, QWidget* parent)
     case Kind::ProgramList: return new ProgramListView(parent);
     case Kind::Tabs: return new TabPane(parent);
     case Kind::Picture: return new PictureView(PictureOf(record), parent);
-    case Kind::RichText: {
-        auto* page = new QTextBrowser(parent);
-        page->setOpenExternalLinks(false);
-        page->document()->setDocumentMargin(16);
-        return page;
-    }
+    case Kind::RichText: return new HelpPage(parent);
     case Kind::Form:
     case Kind::Menu: break;
     }
@@ -143,8 +138,8 @@ void PushCaption(QWidget& widget, const Control& record)
         button->setText(text.isEmpty() ? QString::fromUtf8("…") : text);
     } else if (auto* pane = dynamic_cast<Pane*>(&widget)) {
         pane->SetCaption(text);
-    } else if (auto* page = qobject_cast<QTextBrowser*>(&widget)) {
-        page->setHtml(text);
+    } else if (auto* page = dynamic_cast<HelpPage*>(&widget)) {
+        page->SetPage(text);
     }
 }
 

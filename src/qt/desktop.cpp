@@ -1,5 +1,6 @@
 #include "qt/desktop.h"
 
+#include "commands/help.h"
 #include "commands/keyboard.h"
 #include "commands/session.h"
 #include "commands/windows.h"
@@ -25,6 +26,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QTextBrowser>
 
 #include <algorithm>
 #include <utility>
@@ -131,7 +133,7 @@ void Desktop::PushFocus()
         return;
     }
     Control* focused = Focused();
-    if (IsHelpUp() && focused != &frmMain.cmdReturn) {
+    if (IsHelpUp() && focused != &frmMain.cmdReturn && focused != &frmMain.txtHelpFind) {
         for (Control* page :
              {&frmMain.rtfHelp, &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4, &frmMain.rtfAbout})
             if (page->Visible) focused = page;
@@ -168,6 +170,10 @@ void Desktop::ConnectWidgets(Control& record)
     } else if (auto* tabs = dynamic_cast<TabPane*>(widget)) {
         connect(tabs->Buttons(), &QButtonGroup::idClicked, this,
                 [this, &record](int index) { Run([&, index] { PickListItem(record, index); }); });
+    } else if (auto* page = qobject_cast<QTextBrowser*>(widget)) {
+        connect(page, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
+            Run([target = link.toString().toStdString()] { FollowHelpLink(target); });
+        });
     } else if (auto* line = qobject_cast<QLineEdit*>(widget)) {
         connect(line, &QLineEdit::textEdited, this, change);
     } else if (auto* edit = qobject_cast<QPlainTextEdit*>(widget)) {

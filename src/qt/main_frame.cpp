@@ -9,6 +9,7 @@
 #include "core/shared_state.h"
 #include "editor/find.h"
 #include "qt/arrangement.h"
+#include "qt/help_page.h"
 #include "qt/menus.h"
 #include "qt/pane.h"
 #include "qt/program_list_view.h"
@@ -112,11 +113,18 @@ void MainFrame::Render()
     PlacePanes(Events.Widgets, *Content);
     Events.Widgets.As<ProgramListView>(frmMain.lvCncProgram)->Render();
 
+    for (const Control* page :
+         {&frmMain.rtfHelp, &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4, &frmMain.rtfAbout}) {
+        Events.Widgets.As<HelpPage>(*page)->Render(*page);
+    }
+    Events.Widgets.As<QLineEdit>(frmMain.txtHelpFind)
+        ->setPlaceholderText(QString::fromStdString(AccessibleName(frmMain.txtHelpFind)));
+
     // What lies over others is in front of them.
     for (const Control* over :
          {&frmMain.tabSettings, &frmMain.rtfHelp, &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4,
           &frmMain.rtfAbout, &frmMain.lstAbout, &frmMain.picZXaxes, &frmMain.picXYaxes, &frmMain.frRXcode,
-          &frmMain.frCmdRX, &frmMain.cmdReturn}) {
+          &frmMain.frCmdRX, &frmMain.txtHelpFind, &frmMain.cmdReturn}) {
         if (over->Visible) Events.Widgets.Of(*over)->raise();
     }
 

@@ -1,12 +1,11 @@
 #include "settings/language.h"
 
-#include "core/app_data.h"
 #include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/messages.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
-#include "platform/files.h"
+#include "settings/help_pages.h"
 #include "settings/setting_rows.h"
 
 #include <functional>
@@ -62,10 +61,7 @@ void TakeSystemVariable(const KeyValue& line, size_t)
 {
     if (EqualsNoCase(line.Key, "Language Name")) Shared.LanguageName = line.Value;
     if (EqualsNoCase(line.Key, "Translated by")) Shared.TranslatorName = line.Value;
-    if (!EqualsNoCase(line.Key, "Help File Name")) return;
-    std::string help;
-    const std::string path = InstalledPath("help/" + line.Value);
-    if (!path.empty() && !ReadWholeFile(path, help)) frmMain.rtfHelp.Text = help;
+    if (EqualsNoCase(line.Key, "Help File Name")) TakeHelpFile(line.Value);
 }
 
 /// Only English has words short enough for the tool bar; other languages have the pictures alone.

@@ -124,7 +124,7 @@ void cmdReturn_Click()
 {
     if (!Busy()) ControlsEnable(true);
     for (Control* over :
-         {&frmMain.cmdReturn, &frmMain.rtfAbout, &frmMain.lstAbout, &frmMain.rtfHelp,
+         {&frmMain.cmdReturn, &frmMain.txtHelpFind, &frmMain.rtfAbout, &frmMain.lstAbout, &frmMain.rtfHelp,
           &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4, &frmMain.picXYaxes, &frmMain.picZXaxes}) {
         over->Visible = false;
     }

@@ -1,0 +1,31 @@
+// help.h: the help pages: manual, codes of the machine, about.
+//
+// Each locks the window but for the Help menu; its command called again closes it.
+
+#pragma once
+
+#include "core/control.h"
+
+#include <string>
+
+/// The manual, at what the cursor is on.
+void mnuHelpText_Click();
+/// The codes of the machine.
+void mnuGhelp_Click();
+/// Version and translator over the history of versions.
+void mnuAbout_Click();
+void lstAbout_Click();
+
+/// [F1] in a field of a code opens the page of the codes there. False when the cursor is elsewhere, or
+/// when the Help menu takes nothing.
+bool ShowHelpOfField();
+
+/// A link of a page was clicked: "#G84", "German-MK4.html#G84".
+void FollowHelpLink(const std::string& link);
+
+/// Hides all pages; what they have locked stays locked.
+void HideHelpPages();
+
+/// The search in a page: [ENTER] finds the next place.
+void FocusHelpSearch();
+char txtHelpFind_KeyPress(Control& box, char typed);

@@ -1,0 +1,121 @@
+// The help pages, in both languages: that nothing which the program has is missing in them, that no link
+// leads nowhere, and that they open at what the cursor is on.
+
+#include "cli/key_script.h"
+#include "commands/keyboard.h"
+#include "core/codes.h"
+#include "core/main_window.h"
+#include "core/text.h"
+#include "interpreter/control_words.h"
+#include "settings/language.h"
+#include "support/program.h"
+
+#include <gtest/gtest.h>
+#include <regex>
+
+namespace {
+
+using W = MainWindow;
+
+/// What a page tells behind an anchor, up to the next one, without its marks; "" when there is none.
+std::string TextAt(const std::string& page, const std::string& anchor)
+{
+    const size_t from = page.find("<a name=\"" + anchor + "\">");
+    if (from == std::string::npos) return "";
+    const std::string text = page.substr(from, page.find("<a name=", from + 1) - from);
+    return std::regex_replace(text, std::regex("<[^>]*>"), "");
+}
+
+/// A caption and more than it alone.
+void ExpectTold(const std::string& text, const std::string& caption)
+{
+    EXPECT_TRUE(text.find(caption) != text.npos && text.size() > caption.size() + 15)
+        << caption << ": " << text;
+}
+
+/// Runs a check with the texts of each language, on the page of that name.
+void InEachLanguage(const std::string& page, const std::function<void(const std::string& text)>& check)
+{
+    for (const std::string language : {"English", "German"}) {
+        SCOPED_TRACE(language + page);
+        Start("MK4 mm");
+        ASSERT_TRUE(ReadLanguageModule(BytesOf(LANGUAGES_DIR "/" + language + ".txt")));
+        check(BytesOf(HELP_DIR "/" + language + page + ".html"));
+    }
+}
+
+} // namespace
+
+TEST(Help, TellsEveryCommandKeyAndControlWord)
+{
+    InEachLanguage("", [](const std::string& manual) {
+        const std::string keys = TextAt(manual, "keys");
+        const auto told = [&](const std::string& key) { return keys.find("[" + key) != std::string::npos; };
+        frmMain.ForEach([&](Control& entry) {
+            const bool offered = entry.In == &frmMain.mnuRightClick || (entry.Visible && entry.In->Visible);
+            if (entry.Is != Kind::Menu || entry.In == &frmMain.Window || !offered) return;
+            ExpectTold(TextAt(manual, entry.Name), ReplaceEach(entry.Text, "&", ""));
+            const std::string key = std::string("CTRL-") + ShortcutOf(entry);
+            EXPECT_TRUE(ShortcutOf(entry) == 0 || told(key + "]")) << key;
+        });
+        std::istringstream all("DELETE INSERT ENTER F1 F2 UP DOWN LEFT RIGHT ESC TAB SHIFT-TAB BLANK - ALT-D "
+                               "ALT-I ALT-R ALT-S CTRL-C CTRL-V CTRL-X CTRL-E SHIFT-CTRL-E");
+        for (std::string key; all >> key;) EXPECT_TRUE(told(key + "]")) << key;
+        for (const std::string_view word : AllControlWords()) {
+            const std::string text = "cmd" + std::string(word.substr(3));
+            ExpectTold(TextAt(manual, text), text);
+        }
+    });
+}
+
+TEST(Help, TellsEveryCodeWithALineAndLimitsInBothUnits)
+{
+    const std::tuple<const char*, std::vector<Control W::*>, const char*, const char*> machines[] = {
+        {"-MK2", {&W::lstMK2Gcodes}, "G84", "-5999[^0-9]+5999-1999[^0-9]+1999"},
+        {"-MK4", {&W::lstMK4Gcodes, &W::lstMK4Mcodes}, "G86", "10[^0-9]+99910[^0-9]+999"},
+        {"-F1", {&W::lstF1Gcodes, &W::lstF1Mcodes}, "M06", "-19999[^0-9]+19999-7999[^0-9]+7999-9999"}};
+    for (const auto& [page, lists, code, limits] : machines) {
+        InEachLanguage(page, [&lists = lists, code = code, limits = limits](const std::string& text) {
+            for (const auto list : lists) {
+                for (const std::string& item : (frmMain.*list).Items) {
+                    const std::string own = TextAt(text, std::string(Trimmed(item.substr(0, 4))));
+                    ExpectTold(own, ItemDescription(item));
+                    EXPECT_NE(own.find(std::string(Trimmed(item.substr(1, 3))) + " [ENTER]"), own.npos);
+                }
+            }
+            EXPECT_TRUE(std::regex_search(TextAt(text, code), std::regex(limits))) << TextAt(text, code);
+        });
+    }
+}
+
+TEST(Help, NoLinkLeadsNowhere)
+{
+    for (const std::string page : {"", "-MK2", "-MK4", "-F1", "-about"}) {
+        InEachLanguage(page, [](const std::string& text) {
+            const std::regex links("(href|src)=\"([^\"#]*)#?([^\"]*)\"");
+            for (std::sregex_iterator link(text.begin(), text.end(), links), end; link != end; ++link) {
+                const std::string file = (*link)[2], place = (*link)[3];
+                const std::string target = file.empty() ? text : BytesOf(HELP_DIR "/" + file);
+                EXPECT_FALSE((place.empty() ? target : TextAt(target, place)).empty()) << link->str();
+            }
+        });
+    }
+}
+
+TEST(Help, OpensAtWhatTheCursorIsOn)
+{
+    const std::tuple<const char*, const char*, Control W::*, const char*> cases[] = {
+        {"MK4 mm", "{F1}", &W::rtfHelp, ""},
+        {"MK4 mm", "84{ENTER}{F1}", &W::rtfGcodeHelpMK4, "G84"},
+        {"MK4 mm", "M99R{ENTER}{F1}", &W::rtfGcodeHelpMK4, "M99R"},
+        {"MK2 mm", "84{ENTER}5{ENTER}{F1}", &W::rtfGcodeHelpMK2, "G84"},
+        {"MK4 mm", "{ESC}{F1}", &W::rtfHelp, "list"},
+        {"MK4 mm", "{CLICK txtFileNotes}{F1}", &W::rtfHelp, "notes"},
+        {"MK4 mm", "84{ENTER}{F1}{F1}", &W::rtfHelp, "list"}};
+    for (const auto& [profile, keys, pane, place] : cases) {
+        Start(profile);
+        ASSERT_EQ(RunKeyScript(keys), std::nullopt);
+        EXPECT_EQ((frmMain.*pane).Visible ? (frmMain.*pane).Tag : "hidden", place) << keys;
+        EXPECT_TRUE(*place == 0 || !TextAt((frmMain.*pane).Text, place).empty());
+    }
+}
