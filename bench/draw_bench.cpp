@@ -155,8 +155,8 @@ std::vector<Stroke> StrokesOf(const std::vector<Operation>& operations)
         }
         double sweep = double{op.At[4]} - op.At[3];
         if (sweep < 0) sweep += 2 * Pi;
-        strokes.push_back(
-            {pen, op.Is, line, op.At[2] / double{TwipsToPixel}, op.At[3] * 180 / Pi, sweep * 180 / Pi});
+        strokes.push_back({pen, op.Is, line, op.At[2] / double{TwipsToPixel}, op.At[3] * 180 / Pi,
+                           sweep * 180 / Pi, smooth});
     }
     return strokes;
 }

@@ -1,20 +1,25 @@
 // load_program.cpp: any bytes at all, opened as a program file.
 //
-// The bytes take the whole way of a file: open command, check, text of file and listing, conversion of
-// units, and their own text opened again. The disk is replaced by memory, so nothing is written. Besides
-// crashes, hangs and undefined behaviour, which the sanitizers see, the target asks what must hold for
-// every file, and for programs in their machine's own form that writing and opening loses nothing.
+// The bytes take the whole way of a file: open command, check, tool path, text of file and listing,
+// conversion of units, and their own text opened again. The disk is replaced by memory, so nothing is
+// written. Besides crashes, hangs and undefined behaviour, which the sanitizers see, the target asks what
+// must hold for every file, and for programs in their machine's own form that writing and opening loses
+// nothing.
 
+#include "commands/drawing.h"
 #include "commands/load.h"
 #include "commands/session.h"
 #include "core/code_page.h"
 #include "core/codes.h"
+#include "core/draw_window.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/messages.h"
 #include "core/numbers.h"
 #include "core/program_list.h"
 #include "core/text.h"
+#include "drawing/draw_controls.h"
+#include "drawing/drawing_state.h"
 #include "editor/whole_program.h"
 #include "files/reader.h"
 #include "files/writer.h"
@@ -25,6 +30,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -283,6 +289,41 @@ bool WalkWasLong()
     return frmMain.lblPPLinesExe.Text == "32767";
 }
 
+// ---- What holds for a drawing ----
+
+/// A program with faults can be drawn too, but its jumps may take a walk to its limit, which takes too long
+/// here.
+bool DrawsInShortTime()
+{
+    if (!Shared.ErrorsPresent) return true;
+    for (const ProgramLine& row : lvCncProgram.Rows) {
+        if (CodeOfCell(row[CellCode]) == G(27)) return false;
+    }
+    return true;
+}
+
+/// The drawing with all that its boxes choose, told by a number.
+void RequireSoundDrawing(unsigned choice)
+{
+    const auto box = [choice](unsigned bit) { return (choice & bit) != 0 ? 1 : 0; };
+    Shared.DrawBoxes = {box(1), box(2), box(4), box(8), 0, box(16), box(32)};
+    DrawSlot.WithoutWaits = true;
+    UnloadDrawing();
+    frmDraw_Load();
+    frmDraw.Window.Visible = true;
+    cmdAutoFit_Click();
+    DrawSlot.WithoutWaits = false;
+    Require(!DrawSlot.IsWaiting() && !Drawing.DrawingNow, "a walk without waits comes to its end");
+    for (const Operation& operation : Picture.Operations()) {
+        for (const float at : operation.At) Require(std::isfinite(at), "every figure has a place");
+    }
+    const CanvasSettings& settings = Picture.Settings();
+    Require(settings.Style == PenStyle::Solid && settings.Mode == PenMode::Copy && settings.Width >= 1,
+            "a walk leaves a pen that draws");
+    RequireCalculationFaultsOnly();
+    UnloadDrawing();
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
@@ -306,6 +347,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     RequireSoundProgram(file.Rows.size());
     if (WalkWasLong()) return 0;
 
+    if (DrawsInShortTime()) RequireSoundDrawing(data[size / 2]);
     RequireStableTexts();
     RequireSoundConversion();
     RequireStableTexts();

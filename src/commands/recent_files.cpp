@@ -8,14 +8,14 @@
 #include "platform/files.h"
 #include "platform/platform.h"
 
-#include <iterator>
+#include <type_traits>
 
 void RememberFile(const std::string& path)
 {
     auto& files = Shared.RecentFiles;
     std::erase(files, path);
     files.insert(files.begin(), path);
-    constexpr size_t Most = std::size(decltype(frmMain.mnuRecentFile){});
+    constexpr size_t Most = std::extent_v<decltype(frmMain.mnuRecentFile)>;
     if (files.size() > Most) files.resize(Most);
     ShowRecentFiles();
 }

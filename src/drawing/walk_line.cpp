@@ -419,7 +419,7 @@ void FinishPocket(const WalkState& walk)
     const PocketContour contour = ContourOfPocket();
     canvas.SetForeColor(Colors::Red);
     Attempt(Procedure, [&] { canvas.SetPoint(contour.back().X, contour.back().Y); });
-    for (const auto& [x, y] : contour) Attempt(Procedure, [&, x, y] { canvas.LineTo(x, y); });
+    for (const PocketCorner& at : contour) Attempt(Procedure, [&] { canvas.LineTo(at.X, at.Y); });
     Attempt(Procedure, [&] { canvas.SetPen(Drawing.PocketX1, Drawing.PocketY1); });
     canvas.SetPenWidth(1);
 }

@@ -94,6 +94,7 @@ bool ReadInto(Settings& settings, const SettingRow<Settings>& row, const std::st
         }
         bool operator()(const SizePlace<Settings>& s) const
         {
+            if (Text.empty()) return true; // none was chosen
             return Take(s.At, ReadNumber(Text, 1, 999) ? std::optional(Text) : std::nullopt);
         }
     };

@@ -179,6 +179,9 @@ TEST(Walk, Pockets)
         {"to the left and down", "F1 mm", "M06 D100 / G72 X-1000 Y-300 Z-10 F50",
          "red -10,10>-790,10>-790,90>-10,90; red dot -800,100; "
          "red -800,100>-800,0>0,0>0,100>-800,100; @0,0"},
+        {"to the left, no Y", "F1 mm", "M06 D100 / G72 X-1000 Y0 Z-10 F50",
+         "red -10,-10>-790,-10>-790,210>-10,210; red dot -800,200; "
+         "red -800,200>-800,0>0,0>0,200>-800,200; @0,0"},
         {"a row on the far edge", "F1 mm", "M06 D100 / G72 X1000 Y580 Z-10 F50",
          "red 10,-10>790,-10>790,-190>10,-190>10,-380>790,-380>790,-370>10,-370; red dot 800,-380; "
          "red 800,-380>800,0>0,0>0,-380>800,-380; @0,0"},
@@ -236,26 +239,16 @@ TEST(Walk, FollowsTheFlow)
     EXPECT_EQ(CountOf("line"), 500000);
 }
 
-TEST(Walk, WaitsForTheUser)
+TEST(Walk, WaitsWhereTheProgramSaysSo)
 {
-    Draw("MK4 mm",
-         "G00 X1 Z0 / G00 X1 Z0;cmdWAIT / G00 X1 Z0;cmdSTEP / G00 X1 Z0 / G00 X1 Z0;cmdRUN / G00 X1 Z0");
-    EXPECT_EQ(Figures(), "green 0,0>0,1; @0,1"); // held in front of its line
+    Draw("MK4 mm", "G00 X1 Z0 / G00 X1 Z0;cmdSTEP / G00 X1 Z0;cmdRUN / G00 X1 Z0");
     EXPECT_EQ(WaitingLine(), 1);
-    ResumeDrawing();
-    EXPECT_EQ(WaitingLine(), 1);
-    Drawing.WaitForUser = false;
-    ResumeDrawing();
-    EXPECT_EQ(WaitingLine(), 2); // steps behind its line
-    EXPECT_EQ(Figures(), "green 0,0>0,1>0,2>0,3; @0,3");
+    EXPECT_EQ(Figures(), "green 0,0>0,1>0,2; @0,2");
     EXPECT_TRUE(frmDraw.cmdStep.Visible && frmDraw.cmdStep.Enabled && !frmDraw.cmdRedraw.Enabled);
     frmDraw_cmdStep_Click();
     ResumeDrawing();
-    EXPECT_EQ(WaitingLine(), 3);
-    frmDraw_cmdStep_Click();
-    ResumeDrawing();
-    EXPECT_EQ(WaitingLine(), -1); // the last two lines run
-    EXPECT_EQ(Figures(), "green 0,0>0,1>0,2>0,3>0,4>0,5>0,6; @0,6");
+    EXPECT_EQ(WaitingLine(), -1);
+    EXPECT_EQ(Figures(), "green 0,0>0,1>0,2>0,3>0,4; @0,4");
 
     // Abort ends a walk that waits for a step behind its line, and the mill's second walk with it.
     Draw("F1 mm", "G01 X1 Y0 F50;cmdSTEP / G01 X1 Y0 F50", {Both});
