@@ -121,6 +121,11 @@ const State States[] = {
      }},
     {"help", [] { ChooseMenu(frmMain.mnuHelpText); }},
     {"help-codes", [] { ChooseMenu(frmMain.mnuGhelp); }},
+    {"help-field",
+     [] {
+         Type("84\n");
+         PressKey({KeyName::F1});
+     }},
     {"about", [] { ChooseMenu(frmMain.mnuAbout); }},
     {"drawing-lathe",
      [] {
