@@ -280,6 +280,13 @@ int main(int argc, char** argv)
     app.set_version_flag("--version", std::string("brixley-cli ") + ProductVersion);
     app.require_subcommand(1);
 
+    // The parser would only say that a command is missing.
+    const auto names = [&](const Command& command) {
+        return argc > 1 && std::string_view(argv[1]) == command.Name;
+    };
+    if (argc > 1 && argv[1][0] != '-' && std::none_of(std::begin(Commands), std::end(Commands), names))
+        return Finish(Failed("there is no command \"" + std::string(argv[1]) + "\"; see --help"));
+
     Arguments arguments;
     const Command* chosen = nullptr;
     for (const Command& command : Commands) {

@@ -35,13 +35,14 @@ constexpr MenuShortcut MenuShortcuts[] = {
     {'R', &W::mnuRX},         {'S', &W::mnuSave}, {'T', &W::mnuTX},
 };
 
-/// [ALT] with a letter presses a button, by the marked letter of its caption.
+/// [ALT] with a letter presses a button, by the marked letter of its caption; Stop has none and takes P, so
+/// that a run can be left without the mouse.
 struct ButtonShortcut {
     char Letter;
     Control W::*Button;
 };
 constexpr ButtonShortcut ButtonShortcuts[] = {
-    {'D', &W::cmdDelete}, {'I', &W::cmdInsert}, {'R', &W::cmdRun}, {'S', &W::cmdStep}};
+    {'D', &W::cmdDelete}, {'I', &W::cmdInsert}, {'R', &W::cmdRun}, {'S', &W::cmdStep}, {'P', &W::cmdStop}};
 
 } // namespace
 

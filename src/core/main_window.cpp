@@ -118,10 +118,10 @@ MainWindow::MainWindow()
     txtH.MaxLength = 3;
     txtComment.MaxLength = 44;
 
-    for (Control* entry : {&mnuMachine, &mnuUnits, &mnuFont, &mnuComm, &mnuPaths, &mnuRightClick,
-                           &tabSettings, &rtfHelp, &rtfGcodeHelpMK2, &rtfGcodeHelpMK4, &rtfAbout, &lstAbout,
-                           &txtHelpFind, &picZXaxes, &picXYaxes, &cmdReturn, &frRXcode, &frCmdRX,
-                           &cmdReceiveLast}) {
+    for (Control* entry :
+         {&mnuMachine, &mnuUnits, &mnuFont, &mnuComm, &mnuPaths, &mnuRightClick, &tabSettings, &rtfHelp,
+          &rtfGcodeHelpMK2, &rtfGcodeHelpMK4, &rtfAbout, &lstAbout, &txtHelpFind, &picZXaxes, &picXYaxes,
+          &cmdReturn, &frRXcode, &frCmdRX, &cmdReceiveLast}) {
         entry->Visible = false;
     }
     mnuINCHtoMM.Enabled = false;

@@ -2,6 +2,7 @@
 
 #include "core/main_window.h"
 #include "core/program_list.h"
+#include "core/shared_state.h"
 #include "qt/control_widgets.h"
 #include "qt/pane.h"
 #include "qt/twips.h"
@@ -452,6 +453,8 @@ void PlaceBottom(const ControlWidgets& widgets, const QWidget& content)
     // The four buttons of the reception have long captions: they reach over the entry, which is locked then.
     Put(widgets, main.frCmdRX, QRect(QPoint(Space, top), QPoint(right - 1, bottom - 1)));
     Put(widgets, main.frEntry, QRect(QPoint(Space, top), QPoint(buttonsLeft - Space - 1, bottom - 1)));
+    // Behind a run Stop has nothing to do; its room belongs to the other buttons.
+    widgets.Of(main.cmdStop)->setVisible(main.cmdStop.Visible && (Shared.RunLocked || Shared.Transmitting));
     const int status = content.height() - StatusHeight;
     Put(widgets, main.lblMessage, {Space + 20, status, content.width() / 2 - Space - 20, StatusHeight});
     Put(widgets, main.lblHint, {content.width() / 2, status, content.width() / 2 - Space - 2, StatusHeight});

@@ -60,6 +60,14 @@ QString FiltersOf(const std::string& filter)
     return filters.join(";;");
 }
 
+/// The ending of the first pattern, "cnc" of "*.cnc;*.txt": a name that is typed without one gets it.
+QString EndingOf(const std::string& filter)
+{
+    const QString pattern = QString::fromStdString(filter).section('|', 1, 1).section(';', 0, 0);
+    const QString ending = pattern.section('.', 1);
+    return ending.contains('*') ? QString() : ending;
+}
+
 } // namespace
 
 Answer QtPlatform::Show(const MessageBox& box)
@@ -90,6 +98,7 @@ std::optional<std::string> QtPlatform::AskForFile(const FileDialog& dialog)
     shown.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     shown.setOption(QFileDialog::DontConfirmOverwrite, !dialog.AsksBeforeReplacing);
     shown.setNameFilters(FiltersOf(dialog.Filter).split(";;"));
+    if (!open) shown.setDefaultSuffix(EndingOf(dialog.Filter));
     shown.setDirectory(dialog.Folder.empty()
                            ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
                            : QString::fromStdString(dialog.Folder));

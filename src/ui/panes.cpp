@@ -213,8 +213,8 @@ void ShowHint()
     std::string& hint = frmMain.lblHint.Text;
     hint.clear();
     if (focused == nullptr || IsHelpUp()) return;
-    if (Shared.RunMode) {
-        hint = Tr("[ALT-S] does the selected line, Stop goes back to the editor");
+    if (Shared.RunLocked) {
+        hint = Tr("[ALT-S] does the selected line, [ALT-P] stops");
         return;
     }
     if (focused->In != &frmMain.frEntry && focused != &frmMain.lvCncProgram) return;
