@@ -126,14 +126,19 @@ void ApplyGeometry(Geometry saved)
     PlaceWindow(frmMain.Window, OnScreen(saved, MinHeight, MinWidth));
 }
 
-void ApplyPlainSettings(const EditorSettings& values)
+void TakeFeeds(const EditorSettings& values)
 {
-    Shared.LanguageFileName = values.LanguageFileName;
-    SetCheck(frmMain.chkSettingsAutowidth, values.AutoWidth);
     frmMain.txtFeedA.Text = std::to_string(values.FeedA);
     frmMain.txtFeedB.Text = std::to_string(values.FeedB);
     Shared.FeedA = frmMain.txtFeedA.Text + " ";
     Shared.FeedB = frmMain.txtFeedB.Text + " ";
+}
+
+void ApplyPlainSettings(const EditorSettings& values)
+{
+    Shared.LanguageFileName = values.LanguageFileName;
+    SetCheck(frmMain.chkSettingsAutowidth, values.AutoWidth);
+    TakeFeeds(values);
     Shared.IncrColor = static_cast<float>(values.IncrColor);
     Shared.AbsColor = static_cast<float>(values.AbsColor);
     for (const BoxRow& row : Boxes) SetCheck(frmMain.*row.Box, values.*row.Value != 0);
@@ -200,6 +205,7 @@ void LoadSettings(const std::optional<std::string>& argument)
     if (!values.LastFileUsed.empty()) LoadFile(values.LastFileUsed);
     // A last file that isn't recognised counts as missing.
     if (!file.SelectsMachine && frmMain.lblPath.Text.empty()) SelectSavedMachine(values.Machine);
+    TakeFeeds(values); // the units on the way to those of the file don't count
     ClampFeeds();
     if (values.DrawWindowActive) {
         frmDraw.Window.Visible = true;

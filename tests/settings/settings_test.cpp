@@ -107,6 +107,14 @@ TEST(Settings, ABadValueCostsItsKeyAlone)
     EXPECT_EQ(LogList(), "");
 }
 
+TEST(Settings, FeedsAreClampedByTheUnitsThatHoldAtTheEnd)
+{
+    const Folder folder;
+    const std::string mill = folder.Put("mill.cnc", BytesOf(EXAMPLES_DIR "/f1-first-milling.cnc"));
+    StartFrom(folder, "LastFileUsed=" + mill + "\nMetric=True\nFeedA= 450 \n");
+    EXPECT_EQ(frmMain.txtFeedA.Text, "450");
+}
+
 TEST(Settings, DrawingFileAndWindowPlaces)
 {
     Start("MK4 mm");
