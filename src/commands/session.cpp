@@ -287,6 +287,7 @@ void AfterEvent()
     MendFocus();
     frmMain.lblChanged.Text = Shared.Changed ? "*" : "";
     ShowTransfer();
+    ShowLetterTip();
     ShowLineMessage();
     ShowHint();
     WriteLog();

@@ -2,6 +2,7 @@
 
 #include "commands/windows.h"
 #include "core/draw_window.h"
+#include "core/messages.h"
 #include "core/program_list.h"
 #include "drawing/drawing_state.h"
 #include "drawing/line_figures.h"
@@ -19,7 +20,6 @@ constexpr double TwipsToPixel = 15;
 CanvasView::CanvasView(Desktop& desktop, QWidget* parent) : QWidget(parent), Events(desktop)
 {
     setObjectName("canvas");
-    setAccessibleName("Tool path");
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -44,6 +44,8 @@ void CanvasView::Begin()
 
 void CanvasView::Render()
 {
+    if (const QString name = QString::fromStdString(Tr("Tool path")); accessibleName() != name)
+        setAccessibleName(name);
     const auto& operations = Picture.Operations();
     if (Canvas == nullptr || Generation != Picture.Generation() || Painted > operations.size()) {
         Begin();

@@ -36,6 +36,7 @@ Desktop::Desktop()
     ThePlatform = &Platform;
     if (QApplication::style()->name() == "fusion") QApplication::setStyle(new FrameStyle("fusion"));
     Platform.BeforeBox = [this] {
+        Dialogs.Follow();
         for (const Window& window : Windows) window.Render();
         Widgets.Push();
     };
@@ -88,6 +89,7 @@ void Desktop::Render()
 {
     // Widgets that move or change while they are pushed report nothing back.
     InEvent = true;
+    Dialogs.Follow();
     Widgets.Push();
     for (const Window& window : Windows) window.Render();
     PushActiveWindow();
