@@ -2,6 +2,7 @@
 
 #include "commands/windows.h"
 #include "core/draw_window.h"
+#include "core/messages.h"
 #include "core/shared_state.h"
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
@@ -16,11 +17,13 @@
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScreen>
 #include <QStyle>
 #include <QToolButton>
 
@@ -41,6 +44,9 @@ protected:
     void mousePressEvent(QMouseEvent* event) override
     {
         const QPointF at = event->position();
+        // A press on a disabled control ends up here and means nothing.
+        const QWidget* const child = childAt(at.toPoint());
+        if (child != nullptr && !child->isEnabled()) return;
         Events.Run([&] {
             BringToFront(frmDraw.Window);
             Dragged = frControls_MouseDown(static_cast<float>(ToTwips(*this, static_cast<int>(at.x()))),
@@ -74,6 +80,25 @@ QWidget* ParentOf(Desktop& desktop, const Control& record, QWidget* window)
 {
     QWidget* const parent = desktop.Widgets.Of(*record.In);
     return parent == nullptr ? window : parent;
+}
+
+} // namespace
+
+namespace {
+
+/// Moves a window that is to be shown to its place, as far as the screen of today has room there.
+void MoveOnScreen(QWidget& widget, const Control& window)
+{
+    const QPoint corner(ToPixels(widget, window.Left), ToPixels(widget, window.Top));
+    const QScreen* screen = QGuiApplication::screenAt(corner);
+    if (screen == nullptr) screen = QGuiApplication::primaryScreen();
+    const QRect work = screen->availableGeometry();
+    // The frame around the window is known once it has been shown.
+    const int title = std::max(widget.frameGeometry().height() - widget.height(),
+                               widget.style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    const int right = work.right() + 1 - widget.width(), bottom = work.bottom() + 1 - widget.height() - title;
+    widget.move(std::max(work.left(), std::min(corner.x(), right)),
+                std::max(work.top(), std::min(corner.y(), bottom)));
 }
 
 } // namespace
@@ -151,6 +176,8 @@ void DrawFrame::LayOut()
     view->addStretch();
 
     LayOutMeasure();
+    // A press beside its boxes would give the measurement up.
+    of(frmDraw.frMeasure)->setAttribute(Qt::WA_NoMousePropagation);
     for (const Control* kept : {&frmDraw.chkAutoRedraw, &frmDraw.frView}) {
         QSizePolicy policy = of(*kept)->sizePolicy();
         policy.setRetainSizeWhenHidden(true);
@@ -210,8 +237,11 @@ void DrawFrame::Render()
     Canvas->setGeometry(rect());
     const Control& frame = frmDraw.frControls;
     QWidget* const controls = Events.Widgets.Of(frame);
-    const QRect place(ToPixels(*this, frame.Left), ToPixels(*this, frame.Top), ToPixels(*this, frame.Width),
-                      ToPixels(*this, frame.Height));
+    QRect place(ToPixels(*this, frame.Left), ToPixels(*this, frame.Top), ToPixels(*this, frame.Width),
+                ToPixels(*this, frame.Height));
+    // A maximised window doesn't keep the frame inside by itself.
+    place.moveLeft(std::max(0, std::min(place.left(), width() - place.width())));
+    place.moveTop(std::max(0, std::min(place.top(), height() - place.height())));
     if (controls->geometry() != place) controls->setGeometry(place);
     Title->setText(Title->fontMetrics().elidedText(QString::fromStdString(frame.Text), Qt::ElideMiddle,
                                                    place.width() - 50));
@@ -219,6 +249,7 @@ void DrawFrame::Render()
         if (over->Visible) Events.Widgets.Of(*over)->raise();
     }
     if (isVisible() != frmDraw.Window.Visible) setVisible(frmDraw.Window.Visible);
+    Canvas->setAccessibleName(QString::fromStdString(Tr("Tool path")));
     Canvas->Render();
     if (isVisible() && &ActiveWindow() == &frmDraw.Window && Focused() == nullptr && focusWidget() != Canvas)
         Canvas->setFocus(Qt::OtherFocusReason);
@@ -241,15 +272,22 @@ void DrawFrame::PushTimers()
     });
 }
 
+void DrawFrame::PushState()
+{
+    Qt::WindowStates state = windowState();
+    state.setFlag(Qt::WindowMaximized, Drawing.Maximized);
+    state.setFlag(Qt::WindowMinimized, Drawing.Minimized);
+    if (state != windowState()) setWindowState(state);
+}
+
 void DrawFrame::PushSize()
 {
-    if (isMaximized() && !Drawing.Maximized) showNormal();
-    if (!isMaximized() && Drawing.Maximized && !Drawing.Minimized) setWindowState(Qt::WindowMaximized);
+    PushState();
     if (Drawing.Maximized || Drawing.Minimized) return;
     const Control& window = frmDraw.Window;
     const QSize size(ToPixels(*this, window.Width), ToPixels(*this, window.Height));
     if (this->size() != size) resize(size);
-    if (!isVisible() && window.Visible) move(ToPixels(*this, window.Left), ToPixels(*this, window.Top));
+    if (!isVisible() && window.Visible) MoveOnScreen(*this, window);
 }
 
 void DrawFrame::TakeSize()
@@ -280,7 +318,7 @@ void DrawFrame::resizeEvent(QResizeEvent* event)
 void DrawFrame::moveEvent(QMoveEvent* event)
 {
     QWidget::moveEvent(event);
-    if (!isVisible() || isMaximized() || isMinimized()) return;
+    if (!isVisible() || isMinimized()) return;
     frmDraw.Window.Left = ToTwips(*this, x());
     frmDraw.Window.Top = ToTwips(*this, y());
 }
@@ -327,8 +365,8 @@ void ProgramFrame::Render()
     const bool shown = frmProgramWindow.Window.Visible && frmDraw.Window.Visible;
     if (shown && !isVisible()) {
         const Control& window = frmProgramWindow.Window;
-        setGeometry(ToPixels(*this, window.Left), ToPixels(*this, window.Top), ToPixels(*this, window.Width),
-                    ToPixels(*this, window.Height));
+        resize(ToPixels(*this, window.Width), ToPixels(*this, window.Height));
+        MoveOnScreen(*this, window);
     }
     QWidget* const list = Events.Widgets.Of(frmProgramWindow.lstCncLines);
     const int head = fontMetrics().height() + 8;
@@ -373,6 +411,14 @@ void ProgramFrame::resizeEvent(QResizeEvent* event)
     window.Width = ToTwips(*this, width());
     window.Height = ToTwips(*this, height());
     Events.RunLater(frmProgramWindow_Resize);
+}
+
+void ProgramFrame::moveEvent(QMoveEvent* event)
+{
+    QWidget::moveEvent(event);
+    if (!isVisible()) return;
+    frmProgramWindow.Window.Left = ToTwips(*this, x());
+    frmProgramWindow.Window.Top = ToTwips(*this, y());
 }
 
 void ProgramFrame::closeEvent(QCloseEvent* event)
