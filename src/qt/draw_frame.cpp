@@ -169,6 +169,7 @@ void DrawFrame::LayOut()
 
     auto* const view = new QVBoxLayout(of(frmDraw.frView));
     view->setSpacing(1);
+    view->setContentsMargins(2, 4, 2, 0);
     for (const Control* box :
          {&frmDraw.chkShowRadii, &frmDraw.chkToolWidth, &frmDraw.chkToolCenter, &frmDraw.chkFillCycles,
           &frmDraw.chkProgramWindow, &frmDraw.chkGrid, &frmDraw.chkPrintableBackground, &frmDraw.chkDiameter})
@@ -213,7 +214,7 @@ void DrawFrame::LayOutMeasure()
     };
     auto* const grid = new QGridLayout(Events.Widgets.Of(frmDraw.frMeasure));
     grid->setSpacing(2);
-    grid->setContentsMargins(6, 18, 6, 4);
+    grid->setContentsMargins(0, 2, 0, 0);
     for (const Cell& cell : Cells) {
         QWidget* const widget = Events.Widgets.Of(frmDraw.*cell.Of);
         if (auto* label = qobject_cast<QLabel*>(widget); label != nullptr && cell.Column > 0)
