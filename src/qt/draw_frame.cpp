@@ -121,7 +121,7 @@ void DrawFrame::MakeWidgets()
             Events.Widgets.Add(record, new FloatingFrame(Events, Canvas));
         } else if (&record == &frmDraw.cmdCloseControls) {
             auto* const button = new QToolButton(parent);
-            button->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+            button->setIcon(Theme::PictureIcon("close"));
             button->setAutoRaise(true);
             button->setFocusPolicy(Qt::NoFocus);
             Events.Widgets.Add(record, button);
@@ -374,13 +374,14 @@ void ProgramFrame::Render()
     list->setGeometry(4, head, width() - 8, height() - head - 4);
 
     // Each label ends where its column of 7 characters ends.
-    const QFontMetrics metrics(list->font());
-    int end = 4 + 4;
+    const QFontMetricsF metrics(list->font());
+    constexpr double ListEdge = 4, ItemMargin = 3;
+    double end = ListEdge + ItemMargin;
     const auto place = [&](const Control& label, int characters, Qt::Alignment alignment) {
         auto* const widget = Events.Widgets.As<QLabel>(label);
-        const int wide = characters * metrics.horizontalAdvance('0');
+        const double wide = metrics.horizontalAdvance(QString(characters, '0'));
         widget->setAlignment(alignment | Qt::AlignVCenter);
-        widget->setGeometry(end, 2, wide, head - 4);
+        widget->setGeometry(qRound(end), 2, qRound(end + wide) - qRound(end), head - 4);
         end += wide;
     };
     constexpr int Characters = 7, Gap = 2, Comment = 44;
@@ -390,7 +391,7 @@ void ProgramFrame::Render()
           &frmProgramWindow.lblToolY, &frmProgramWindow.lblToolZ}) {
         if (label->Visible) place(*label, Characters, Qt::AlignRight);
     }
-    end += Gap * metrics.horizontalAdvance('0');
+    end += metrics.horizontalAdvance(QString(Gap, '0'));
     place(frmProgramWindow.lblComment, Comment, Qt::AlignLeft);
     if (isVisible() == shown) return;
     if (shown) setAttribute(Qt::WA_ShowWithoutActivating);
