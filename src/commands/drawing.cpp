@@ -11,6 +11,7 @@
 #include "drawing/drawing_state.h"
 #include "drawing/measure.h"
 #include "drawing/picture_file.h"
+#include "drawing/program_window.h"
 #include "drawing/walk.h"
 #include "editor/find.h"
 #include "platform/files.h"
@@ -99,6 +100,7 @@ void mnuDraw_Click()
         frmDraw_Load();
         frmDraw.Window.Visible = true;
     }
+    Drawing.Minimized = false;
     BringMainToFront(); // the find dialog gives the keys away
     SetActiveWindow(frmDraw.Window);
     frmDraw_Activate();
@@ -106,7 +108,9 @@ void mnuDraw_Click()
 
 void RefreshDrawing()
 {
-    if (frmDraw.Window.Visible && BeginDrawing()) frmDraw_Activate();
+    if (!frmDraw.Window.Visible || !BeginDrawing()) return;
+    frmDraw_Activate();
+    ShowSelectedProgramLine();
 }
 
 void cmdEditor_Click()
