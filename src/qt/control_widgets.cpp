@@ -4,6 +4,7 @@
 #include "core/main_window.h"
 #include "qt/code_list.h"
 #include "qt/help_page.h"
+#include "qt/long_text.h"
 #include "qt/pane.h"
 #include "qt/program_list_view.h"
 #include "qt/text_sync.h"
@@ -15,7 +16,6 @@
 #include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
@@ -80,7 +80,7 @@ QWidget* MakeButton(const Control& record, QWidget* parent)
 QWidget* MakeTextBox(const Control& record, QWidget* parent)
 {
     if (record.MultiLine) {
-        auto* edit = new QPlainTextEdit(parent);
+        auto* edit = new LongText(parent);
         edit->setTabChangesFocus(true);
         if (&record == &frmMain.txtRX) edit->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
         return edit;
