@@ -100,8 +100,14 @@ int MakePair()
 {
     const int line = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
     if (line < 0 || ::grantpt(line) != 0 || ::unlockpt(line) != 0) Fail("no pseudo terminal can be made");
-    // Only one that was open and closed counts as closed.
-    if (const int other = ::open(::ptsname(line), O_RDWR | O_NOCTTY); other >= 0) ::close(other);
+    // Only one that was open and closed counts as closed. It is no terminal for people: nothing is echoed.
+    if (const int other = ::open(::ptsname(line), O_RDWR | O_NOCTTY); other >= 0) {
+        termios set{};
+        ::tcgetattr(other, &set);
+        ::cfmakeraw(&set);
+        ::tcsetattr(other, TCSANOW, &set);
+        ::close(other);
+    }
     std::printf("%s\n", ::ptsname(line));
     std::fflush(stdout);
     return line;
@@ -317,7 +323,7 @@ private:
         Clock::time_point next = Clock::now();
         long sent = 0;
         while (sent < static_cast<long>(Memory.size())) {
-            if (sent == Given.HangUpAt) {
+            if (Given.Send && sent == Given.HangUpAt) {
                 // The system drops what the other end has not taken when this one closes.
                 std::this_thread::sleep_for(std::chrono::milliseconds(100));
                 return true;
