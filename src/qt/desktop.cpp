@@ -111,7 +111,7 @@ void Desktop::CopyCaretIn()
 {
     Control* const box = TypingBox();
     if (box == nullptr) return;
-    if (const QWidget* const widget = Widgets.Of(*box)) CopyIn(*widget, *box);
+    if (QWidget* const widget = Widgets.Of(*box)) CopyIn(*widget, *box);
 }
 
 void Desktop::PushActiveWindow()
