@@ -11,6 +11,7 @@
 #include "drawing/drawing_state.h"
 #include "drawing/measure.h"
 #include "drawing/picture_file.h"
+#include "drawing/printing.h"
 #include "drawing/walk.h"
 #include "editor/find.h"
 #include "platform/files.h"
@@ -46,6 +47,7 @@ constexpr Event Events[] = {
     {&D::cmdAutoFit, {cmdAutoFit_Click}},
     {&D::cmdZeroPoint, {cmdZeroPoint_Click}},
     {&D::cmdRedraw, {cmdRedraw_Click}},
+    {&D::cmdPrint, {cmdPrint_Click}},
     {&D::cmdStep, {frmDraw_cmdStep_Click}},
     {&D::cmdAbort, {cmdAbort_Click}},
     {&D::cmdEditor, {cmdEditor_Click}},
