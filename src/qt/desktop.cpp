@@ -35,14 +35,17 @@ Desktop::Desktop()
 {
     ThePlatform = &Platform;
     if (QApplication::style()->name() == "fusion") QApplication::setStyle(new FrameStyle("fusion"));
-    Platform.BeforeBox = [this] {
-        Dialogs.Follow();
-        for (const Window& window : Windows) window.Render();
-        Widgets.Push();
-    };
+    Platform.BeforeBox = [this] { ShowBehindBox(); };
     qApp->installEventFilter(this);
     Tick.setInterval(1000);
     connect(&Tick, &QTimer::timeout, this, [this] { Run(tmr1sec_Timer); });
+}
+
+void Desktop::ShowBehindBox()
+{
+    Dialogs.Follow();
+    for (const Window& window : Windows) window.Render();
+    Widgets.Push();
 }
 
 Desktop::~Desktop()
