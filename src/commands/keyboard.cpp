@@ -6,6 +6,7 @@
 #include "core/main_window.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
+#include "core/text.h"
 #include "drawing/drawing_state.h"
 #include "drawing/measure.h"
 #include "drawing/walk.h"
@@ -36,14 +37,27 @@ constexpr MenuShortcut MenuShortcuts[] = {
     {'R', &W::mnuRX},         {'S', &W::mnuSave}, {'T', &W::mnuTX},
 };
 
-/// [ALT] with a letter presses a button, by the marked letter of its caption; Stop has none and takes P, so
-/// that a run can be left without the mouse.
+/// [ALT] with a letter presses a button: the marked one of its caption in the language in force, or this one,
+/// which the English caption marks. Stop has none and takes P, so that a run can be left without the mouse.
 struct ButtonShortcut {
     char Letter;
     Control W::*Button;
 };
 constexpr ButtonShortcut ButtonShortcuts[] = {
     {'D', &W::cmdDelete}, {'I', &W::cmdInsert}, {'R', &W::cmdRun}, {'S', &W::cmdStep}, {'P', &W::cmdStop}};
+
+/// The button that [ALT] with a letter presses; null when it is none's.
+Control* ButtonOf(char letter)
+{
+    const std::string mark{'&', letter};
+    for (const ButtonShortcut& row : ButtonShortcuts) {
+        Control& button = frmMain.*row.Button;
+        if (IsUsable(button) && FindNoCase(button.Text, mark) != std::string::npos) return &button;
+    }
+    const auto* const row = std::find_if(std::begin(ButtonShortcuts), std::end(ButtonShortcuts),
+                                         [&](const auto& shortcut) { return shortcut.Letter == letter; });
+    return row == std::end(ButtonShortcuts) ? nullptr : &(frmMain.*row->Button);
+}
 
 } // namespace
 
@@ -112,9 +126,7 @@ bool RunShortcut(const KeyStroke& key)
     }
     if (key.Alt && key.Name == KeyName::Character) {
         tmr1sec_Timer();
-        for (const ButtonShortcut& shortcut : ButtonShortcuts) {
-            if (shortcut.Letter == key.Typed) ClickControl(frmMain.*shortcut.Button);
-        }
+        if (Control* const button = ButtonOf(key.Typed)) ClickControl(*button);
         return true;
     }
     if (key.Name == KeyName::F1) {
@@ -306,8 +318,7 @@ bool IsShortcut(const KeyStroke& key)
         return key.Typed == 'E' || std::any_of(std::begin(MenuShortcuts), std::end(MenuShortcuts),
                                                [&](const auto& row) { return row.Letter == key.Typed; });
     }
-    return key.Alt && std::any_of(std::begin(ButtonShortcuts), std::end(ButtonShortcuts),
-                                  [&](const auto& row) { return row.Letter == key.Typed; });
+    return key.Alt && ButtonOf(key.Typed) != nullptr;
 }
 
 char ShortcutOf(const Control& entry)

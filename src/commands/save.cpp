@@ -73,6 +73,7 @@ void SaveFile_Click(bool saveAs)
     }
     Shared.Changed = false;
     frmMain.lblPath.Text = path;
+    ShowPaths();
     RememberFile(path);
     ShowMessage(FileNameOf(path) + " " + TextOf(Messages::HasBeenSaved));
     MakeFormCaption();

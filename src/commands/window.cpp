@@ -173,7 +173,9 @@ void Form_Resize()
         ShowMessage(TextOf(Messages::DragTaskBar));
         Shared.Maximized = false;
     }
-    if (frmMain.Window.Height >= MinHeight && frmMain.Window.Width >= MinWidth) ControlsPositioning();
+    // A maximised window is as the screen is; its content follows, however little room that leaves.
+    const bool fits = frmMain.Window.Height >= MinHeight && frmMain.Window.Width >= MinWidth;
+    if (fits || Shared.Maximized) ControlsPositioning();
 }
 
 void FitSmallScreen()

@@ -17,8 +17,9 @@ void BringToFront(Control& window)
         BringFindToFront();
         return;
     }
+    const bool fromFind = &window == &frmMain.Window && IsFindInFront();
     if (&window == &frmMain.Window) BringMainToFront();
-    if (&window == &ActiveWindow()) return;
+    if (&window == &ActiveWindow() && !fromFind) return;
     SetActiveWindow(window);
     if (&window == &frmProgramWindow.Window) return;
     if (IsHelpUp()) cmdReturn_Click();

@@ -12,14 +12,14 @@
 namespace {
 
 /// A parameter under its plain axis letter keeps its sign; under any other caption the first letter of
-/// the caption takes the sign's place.
+/// the caption takes the sign's place. The caption is that of the table of fields, whatever the language.
 std::string AxisCell(const Control& label, const Control& box, std::string_view axis, size_t digits,
                      size_t width)
 {
     if (!box.Visible) return std::string(width, ' ');
     const double value = Val(box.Text);
-    std::string prefix = label.Text.substr(0, 1);
-    if (label.Text == axis) prefix = value < 0 ? "-" : " ";
+    std::string prefix = label.Tag.substr(0, 1);
+    if (label.Tag == axis) prefix = value < 0 ? "-" : " ";
     return prefix + RightPad(FormatWhole(std::abs(value), 2), digits);
 }
 
@@ -37,7 +37,7 @@ void FormatInputs()
     const Control& fourth = frmMain.txtFKTL;
     row[CellF] = "    ";
     if (fourth.Visible) {
-        const std::string prefix = frmMain.lblFKTL.Text == "F" ? " " : frmMain.lblFKTL.Text.substr(0, 1);
+        const std::string prefix = frmMain.lblFKTL.Tag == "F" ? " " : frmMain.lblFKTL.Tag.substr(0, 1);
         row[CellF] = prefix + RightPad(FormatWhole(std::abs(Val(fourth.Text)), 2), 3);
     }
 

@@ -146,6 +146,7 @@ void ShowField(const Field& field, Control& label, Control& box)
 {
     if (field.Within == Limit::Hidden) return;
     label.Text = Tr(field.Caption);
+    label.Tag = field.Caption;
     label.Visible = box.Visible = true;
     box.Tag = LimitOf(field.Within);
     if (!box.Tag.empty()) box.ToolTip = LimitTip(box.Tag);

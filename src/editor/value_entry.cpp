@@ -55,8 +55,7 @@ void ProposeMillDepth(Control& field)
     if (frmMain.lblGMcode.Text != "G") return;
     const Code code = CodeOfCell(" " + std::string(Trimmed(frmMain.txtGMcode.Text)) + " ");
     if (code <= G(3)) {
-        const std::string& toolZ = lvCncProgram.Row(lvCncProgram.Selected)[CellToolZ];
-        if (Shared.AbsoluteMode && IsNumeric(toolZ)) field.Text = toolZ;
+        if (Shared.AbsoluteMode) field.Text = lvCncProgram.Row(lvCncProgram.Selected)[CellToolZ];
     } else if (ListHolds("G73 G81 G82 G83 G85 G89", code)) {
         for (int i = 1; i <= lvCncProgram.Selected; ++i) {
             const ProgramLine& row = lvCncProgram.Row(i);
@@ -88,7 +87,10 @@ std::string PresetCell(const Control& box)
 bool EntryKeyDown(const KeyStroke& key)
 {
     switch (key.Name) {
-    case KeyName::Insert: cmdInsert_Click(); return true;
+    case KeyName::Insert:
+        if (key.Shift || key.Ctrl) return false; // paste and copy of some desktops
+        cmdInsert_Click();
+        return true;
     case KeyName::Up:
     case KeyName::Down: SetFocus(frmMain.lvCncProgram); return true;
     default: return false;

@@ -63,9 +63,9 @@ void ConvertEntry(double factor)
         Attempt("Convert", [&] { field.Text = FormatWhole(ToInt16(Val(value) * factor), 2); });
     };
     scale(frmMain.txtXI);
-    if (frmMain.lblYJ.Text != "S") scale(frmMain.txtYJ);
+    if (frmMain.lblYJ.Tag != "S") scale(frmMain.txtYJ);
     scale(frmMain.txtZK);
-    if (frmMain.lblFKTL.Text == "F" || frmMain.lblFKTL.Text == "K") scale(frmMain.txtFKTL);
+    if (frmMain.lblFKTL.Tag == "F" || frmMain.lblFKTL.Tag == "K") scale(frmMain.txtFKTL);
     if (!frmMain.txtGMcode.Text.empty()) SetUpFields(frmMain.txtGMcode.Text);
 }
 

@@ -138,7 +138,9 @@ void LayOutEntry(const ControlWidgets& widgets)
     caption->setSpacing(Gap);
     caption->addWidget(Of(widgets, main.lblCode));
     caption->addWidget(Of(widgets, main.lblGMcode));
-    caption->addStretch();
+    Of(widgets, main.lblCode)->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    Of(widgets, main.lblGMcode)
+        ->setMaximumWidth(Of(widgets, main.lblGMcode)->fontMetrics().averageCharWidth() * 6);
     QFont bold = Of(widgets, main.lblGMcode)->font();
     bold.setBold(true);
     Of(widgets, main.lblGMcode)->setFont(bold);

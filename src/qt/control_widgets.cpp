@@ -85,11 +85,13 @@ QWidget* MakeTextBox(const Control& record, QWidget* parent)
     if (record.MultiLine) {
         auto* edit = new LongText(parent);
         edit->setTabChangesFocus(true);
+        edit->setAcceptDrops(false); // a file is dropped on the window
         if (&record == &frmMain.txtRX) edit->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
         return edit;
     }
     auto* line = new QLineEdit(parent);
     line->setReadOnly(record.ReadOnly);
+    line->setAcceptDrops(false);
     if (record.MaxLength > 0) line->setMaxLength(record.MaxLength);
     return line;
 }
@@ -114,6 +116,7 @@ QWidget* MakeWidget(const Control& record, QWidget* parent)
     case Kind::Combo: {
         auto* combo = new QComboBox(parent);
         combo->setEditable(&record == &frmMain.cboFontSize);
+        if (combo->isEditable()) combo->lineEdit()->setAcceptDrops(false);
         combo->setInsertPolicy(QComboBox::NoInsert);
         combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         return combo;

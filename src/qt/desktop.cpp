@@ -186,6 +186,17 @@ void Desktop::ConnectWidgets(Control& record)
     }
 }
 
+namespace {
+
+/// Buttons show that they have the focus while the keyboard is in use.
+void ShowFocus(const QObject* receiver, bool shown)
+{
+    if (!receiver->isWidgetType()) return;
+    static_cast<const QWidget*>(receiver)->window()->setAttribute(Qt::WA_KeyboardFocusChange, shown);
+}
+
+} // namespace
+
 bool Desktop::eventFilter(QObject* receiver, QEvent* event)
 {
     switch (event->type()) {
@@ -197,13 +208,14 @@ bool Desktop::eventFilter(QObject* receiver, QEvent* event)
         return true;
     }
     case QEvent::KeyPress:
+        ShowFocus(receiver, true);
         if (FormOf(receiver) != nullptr && qobject_cast<QMenuBar*>(receiver) == nullptr)
             return TakeKey(receiver, static_cast<QKeyEvent*>(event));
         break;
     case QEvent::InputMethod:
         if (FormOf(receiver) != nullptr) return TakeInputMethod(static_cast<QInputMethodEvent*>(event));
         break;
-    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonPress: ShowFocus(receiver, false); [[fallthrough]];
     case QEvent::MouseButtonDblClick:
         if (FormOf(receiver) != nullptr) return TakePress(receiver);
         break;

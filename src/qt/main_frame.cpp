@@ -27,6 +27,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -42,6 +43,12 @@ QString FirstLocalFile(const QMimeData& data)
         if (url.isLocalFile()) return url.toLocalFile();
     }
     return {};
+}
+
+/// A size that is the smallest one on the screen is the smallest one for the records, which count finer.
+int SizeInTwips(const QWidget& window, int pixels, int least)
+{
+    return pixels == ToPixels(window, least) ? least : ToTwips(window, pixels);
 }
 
 } // namespace
@@ -96,13 +103,23 @@ void MainFrame::TakeScreen()
 void MainFrame::Open()
 {
     // Where it was, as far as the screen of today has room there.
-    const Control& window = frmMain.Window;
+    Control& window = frmMain.Window;
     const QRect work = this->screen()->availableGeometry();
+    const int high = work.height() - style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const bool fits = ToPixels(*this, window.Width) <= work.width() && ToPixels(*this, window.Height) <= high;
+    if (!fits && !Shared.Maximized) {
+        Events.Run([&] {
+            window.Width = std::max(MinWidth, std::min(window.Width, ToTwips(*this, work.width())));
+            window.Height = std::max(MinHeight, std::min(window.Height, ToTwips(*this, high)));
+            Form_Resize();
+        });
+    }
     QRect place(ToPixels(*this, window.Left), ToPixels(*this, window.Top), ToPixels(*this, window.Width),
                 ToPixels(*this, window.Height));
     place.moveLeft(std::max(work.left(), std::min(place.left(), work.right() + 1 - place.width())));
     place.moveTop(std::max(work.top(), std::min(place.top(), work.bottom() + 1 - place.height())));
-    setGeometry(place);
+    resize(place.size());
+    move(place.topLeft()); // with its frame, as moveEvent takes it
     Events.Render();
     show();
 }
@@ -166,7 +183,7 @@ void MainFrame::PushSize()
 
 void MainFrame::TakeSize()
 {
-    const int wide = ToTwips(*this, width()), high = ToTwips(*this, height());
+    const int wide = SizeInTwips(*this, width(), MinWidth), high = SizeInTwips(*this, height(), MinHeight);
     const bool maximized = isMaximized(), minimized = isMinimized();
     Control& window = frmMain.Window;
     const bool same = ToPixels(*this, window.Width) == width() &&

@@ -76,17 +76,22 @@ public:
             const QColor bar = option.palette.color(QPalette::Active, QPalette::Highlight);
             painter->fillRect(QRect(option.rect.topLeft(), QSize(3, option.rect.height())), bar);
         }
-        const bool warns = (cell == CellN || cell == CellError) && HasMessage(row);
-        if (warns) {
+        const QString text = index.data().toString();
+        const bool wrong = (cell == CellN || cell == CellError) && HasMessage(row);
+        // Beside a number of three digits there is no room for the sign; the number is underlined instead.
+        const bool room =
+            cell != CellN || option.fontMetrics.horizontalAdvance(text.trimmed()) + 10 <= place.width();
+        QFont font = option.font;
+        font.setUnderline(wrong && !room);
+        if (wrong && room) {
             const double size = cell == CellN ? 8 : 11;
             const QRectF mark(place.left() + (cell == CellN ? 0.5 : 0),
                               option.rect.center().y() + 0.5 - size / 2, size, size);
             DrawWarning(*painter, mark, Theme::Readable(Theme::Error(option.palette), paper), paper);
             if (cell == CellError) place.setLeft(place.left() + 16);
         }
-        painter->setFont(option.font);
-        painter->setPen(ink);
-        const QString text = index.data().toString();
+        painter->setFont(font);
+        painter->setPen(wrong ? Theme::Readable(Theme::Error(option.palette), paper) : ink);
         const bool left = cell == CellError || cell == CellComment;
         painter->drawText(place, static_cast<int>(left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter,
                           option.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));

@@ -36,7 +36,7 @@ QMessageBox::Icon IconOf(Icon icon, Buttons buttons)
     case Icon::Question: return QMessageBox::Question;
     case Icon::None: break;
     }
-    return buttons == Buttons::OK ? QMessageBox::Information : QMessageBox::Question;
+    return buttons == Buttons::OK ? QMessageBox::NoIcon : QMessageBox::Question;
 }
 
 Answer AnswerOf(int button)

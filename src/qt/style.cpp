@@ -72,3 +72,18 @@ void FrameStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
+
+void FrameStyle::polish(QPalette& palette)
+{
+    QProxyStyle::polish(palette);
+    constexpr double Quieter = 0.5;
+    const auto soften = [&](QPalette::ColorRole text, QPalette::ColorRole paper) {
+        const QColor color = palette.color(QPalette::Active, text);
+        palette.setColor(QPalette::Disabled, text,
+                         Theme::Mixed(color, palette.color(QPalette::Active, paper), Quieter));
+    };
+    soften(QPalette::WindowText, QPalette::Window);
+    soften(QPalette::ButtonText, QPalette::Button);
+    soften(QPalette::Text, QPalette::Base);
+    palette.setColor(QPalette::PlaceholderText, palette.color(QPalette::Disabled, QPalette::Text));
+}

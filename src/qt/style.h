@@ -12,4 +12,8 @@ public:
     using QProxyStyle::QProxyStyle;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+
+    /// What is disabled and what a field proposes is quieter than other texts, and can still be read.
+    void polish(QPalette& palette) override;
+    using QProxyStyle::polish;
 };

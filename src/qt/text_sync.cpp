@@ -61,6 +61,7 @@ void PushText(QWidget& widget, const Control& record)
         if (line->text() == text) return;
         const QSignalBlocker alsoQuiet(*line);
         line->setText(text);
+        if (!line->hasFocus()) line->setCursorPosition(0); // its beginning shows
     }
 }
 

@@ -193,8 +193,13 @@ std::string MessageText()
     if (count == 0) return "";
     const int selected = lvCncProgram.Selected;
     const bool own = selected >= 1 && selected <= LineCount() && HasMessage(lvCncProgram.Row(selected));
-    const auto shown = own ? lvCncProgram.Rows.begin() + (selected - 1)
-                           : std::find_if(lvCncProgram.Rows.begin(), lines, HasMessage);
+    // The line that the column's title names, so that both speak of one.
+    const int named = Shared.ErrorLine + 1;
+    const bool titled = named >= 1 && named <= LineCount() && HasMessage(lvCncProgram.Row(named));
+    const auto at = [](int row) { return lvCncProgram.Rows.begin() + (row - 1); };
+    const auto shown = own      ? at(selected)
+                       : titled ? at(named)
+                                : std::find_if(lvCncProgram.Rows.begin(), lines, HasMessage);
     std::string text = "N" + std::string(Trimmed((*shown)[CellN])) + ":  " + (*shown)[CellError];
     if (count > 1) text += "     (" + Tr("%1 lines with messages", {std::to_string(count)}) + ")";
     return text;
@@ -214,7 +219,11 @@ void ShowHint()
     hint.clear();
     if (focused == nullptr || IsHelpUp()) return;
     if (Shared.RunLocked) {
-        hint = Tr("[ALT-S] does the selected line, [ALT-P] stops");
+        const bool stops = IsUsable(frmMain.cmdStop), steps = IsUsable(frmMain.cmdStep);
+        if (steps)
+            hint = Tr(stops ? "[ALT-S] does the selected line, [ALT-P] stops"
+                            : "[ALT-S] does the selected line");
+        if (stops && !steps) hint = Tr("[ALT-P] stops");
         return;
     }
     if (focused->In != &frmMain.frEntry && focused != &frmMain.lvCncProgram) return;
@@ -222,7 +231,8 @@ void ShowHint()
     const size_t to = focused->Tag.find("TO");
     if (to == std::string::npos) {
         hint += FirstTipOf(*focused);
-        if (focused == &frmMain.txtGMcode) hint += "; " + focused->ToolTip;
+        const bool letters = focused == &frmMain.txtGMcode && Shared.Machine != MachineKind::MK2;
+        if (letters) hint += "; " + focused->ToolTip;
         return;
     }
     hint += Tr("%1 to %2", {focused->Tag.substr(0, to), focused->Tag.substr(to + 2)});

@@ -157,15 +157,6 @@ void PlaceToolBar()
     }
 }
 
-/// The tab of paths.
-void ShowPaths()
-{
-    frmMain.txtSettingsFileName.Text = FileNameOf(frmMain.lblPath.Text);
-    frmMain.txtSettingsPathName.Text = frmMain.lblPath.Text;
-    frmMain.txtSettingsAppPathName.Text = ThePlatform->ProgramFolder();
-    frmMain.txtSettingsAppDataFolderName.Text = AppDataPath();
-}
-
 } // namespace
 
 Control& OptionOfMachine(MachineKind machine)
@@ -228,7 +219,6 @@ void ControlsPositioning()
     PlacePanes();
     PlaceList();
     PlaceRunButtons();
-    frmMain.lblPath.ToolTip = frmMain.lblPath.Text;
     ShowLineColors();
     if (!IsHelpUp()) HideAxesPictures();
     ShowPaths();
@@ -243,6 +233,15 @@ void ControlsPositioning()
     PlaceToolBar();
     MakeCommentColumn();
     frmMain.lblPPMachineType.Text = profile.Name;
+}
+
+void ShowPaths()
+{
+    frmMain.lblPath.ToolTip = frmMain.lblPath.Text;
+    frmMain.txtSettingsFileName.Text = FileNameOf(frmMain.lblPath.Text);
+    frmMain.txtSettingsPathName.Text = frmMain.lblPath.Text;
+    frmMain.txtSettingsAppPathName.Text = ThePlatform->ProgramFolder();
+    frmMain.txtSettingsAppDataFolderName.Text = AppDataPath();
 }
 
 void MakeFormCaption()

@@ -24,5 +24,8 @@ void ControlsPositioning();
 /// Puts the colours of incremental and absolute lines on their labels.
 void ShowLineColors();
 
+/// Shows the path of the program in full where it is shortened, and the folders on the Info tab.
+void ShowPaths();
+
 /// Writes the window's title: product, version, machine, file name.
 void MakeFormCaption();

@@ -5,6 +5,7 @@
 #include "ui/text_box_cases.h"
 
 #include "cli/key_script.h"
+#include "commands/keyboard.h"
 #include "commands/session.h"
 #include "core/control_names.h"
 #include "core/main_window.h"
@@ -208,7 +209,7 @@ TEST_F(Window, ClicksReachTheEngine)
 
 TEST_F(Window, TabsAreWalkedInsideTheSettings)
 {
-    Click(frmMain.cmdTopButtons[4]);
+    Events.Run([] { ChooseMenu(frmMain.mnuSettingsShow); });
     EXPECT_TRUE(HasFocus(frmMain.tabSettings));
     SendKeys("{RIGHT}{TAB}");
     EXPECT_TRUE(HasFocus(frmMain.optSettingsMm));
@@ -260,6 +261,9 @@ TEST_F(Window, AFileDroppedIsOpenedAndRemembered)
     data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+    // A text box would take its name as a text; without drops of its own it leaves it to the window.
+    for (const Control* box : {&frmMain.txtGMcode, &frmMain.txtComment, &frmMain.txtFileNotes})
+        EXPECT_FALSE(WidgetOf(*box)->acceptDrops()) << box->Name;
     QApplication::sendEvent(Main.get(), &enter);
     EXPECT_TRUE(enter.isAccepted());
     QApplication::sendEvent(Main.get(), &drop);
