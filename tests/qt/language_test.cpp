@@ -61,7 +61,7 @@ protected:
     /// Codes stand in front of their descriptions, which are broken between words.
     void ExpectWordsFit(const Control& list, const QWidget& widget)
     {
-        constexpr int CodeAndScrollBar = 60;
+        constexpr int CodeAndScrollBar = 72;
         for (const std::string& item : list.Items) {
             const QString description = QString::fromStdString(item).section('\t', 1);
             for (const QString& word : description.split(' '))
@@ -73,8 +73,9 @@ protected:
     void ExpectFit(const Control& control)
     {
         const QWidget* const widget = control.Is == Kind::Menu ? nullptr : Events.Widgets.Of(control);
-        if (widget == nullptr || !widget->isVisible() || control.Text.empty()) return;
+        if (widget == nullptr || !widget->isVisible()) return;
         if (control.Is == Kind::List) return ExpectWordsFit(control, *widget);
+        if (control.Text.empty()) return;
         int needed = 0;
         // A path is shortened, and the units stand where there is room.
         const bool elided = &control == &frmMain.lblPath || &control == &frmMain.lblEntryUnits;
