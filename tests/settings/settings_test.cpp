@@ -207,6 +207,42 @@ TEST(Settings, SurviveTheirRoundTrip)
     EXPECT_EQ(BytesOf(folder / "Settings.edt"), saved);
 }
 
+TEST(Settings, TheFilesLineByLine)
+{
+    EditorSettings settings;
+    settings.LanguageFileName = "/l/[x].txt";
+    settings.LastFileUsed = "/a\n/b.cnc";
+    settings.EditorWindow = Geometry{9000, -15, 20, 12000};
+    settings.FontName = "Courier New";
+    settings.FontSize = "10.5";
+    settings.RecentFiles[0] = "/r.cnc";
+    EXPECT_EQ(
+        EditorSettingsText(settings),
+        WithCrLf(";BXL 1.6.0 EDITOR SETTINGS user file\n\n;Recent files\nLanguageFileName=/l/[x].txt\n"
+                 "LastFileUsed=\n\n;Settings\nHorizontal=False\nMetric=False\nMachine=MK4\n"
+                 "AutoWidth=False\nFeedA= 200 \nFeedB= 50 \nIncrColor=&HFF\nAbsColor=&HFF0000\n"
+                 "Delete without confirm= 0 \n\n;Checkboxes Editor\nToolPosition= 0 \n"
+                 "LineProperties= 0 \nFileNotes= 0 \nGcode= 0 \nMachineTime= 0 \n\n"
+                 ";Comm Settings General\nPort= 1 \nComPortEnable=False\n\n;Comm Settings Transmit\n"
+                 "BaudTX=300\nParityTX=N\nDataBitsTX=8\nStopBitsTX=1\nXonXoffTX= 0 \nDtrDsrTX= 0 \n"
+                 "RtsCtsTX= 0 \nTXfilter = 1 \n\n;Comm Settings Receive\nBaudRX=300\nParityRX=N\n"
+                 "DataBitsRX=8\nStopBitsRX=1\nXonXoffRX= 0 \nDtrDsrRX= 0 \nRtsCtsRX= 0 \n"
+                 "RXfilter= 1 \n\n;Printer Settings\nFontName=Courier New\nFontSize = 10.5 \n\n"
+                 ";Windows Parameters HLTW\nEditorWindow= 9000 ,-15 , 20 , 12000 \n"
+                 "DrawWindow Active=False\n\n;Brixley: files opened or saved last\nRecentFile1=/r.cnc\n"));
+    DrawSettings draw;
+    draw.Boxes.ToolCenter = draw.Boxes.AutoRedraw = 1;
+    draw.DrawWindow = Geometry{6200, 0, -30, 7000};
+    draw.ProgramWindow = Geometry{3000, 1, 2, 11790};
+    draw.ProgramWindowActive = true;
+    EXPECT_EQ(
+        DrawSettingsText(draw),
+        WithCrLf(";BXL 1.6.0 DRAW SETTINGS user file\n\n;Checkboxes draw mode\nRadii=False\nToolWidth=False\n"
+                 "ToolCenter=True\nFillCycles=False\nProgram=False\nGrid=False\nBackground=False\n"
+                 "Diameter=False\nAutoRedraw=True\n\n;Windows Parameters HLTW\n"
+                 "DrawWindow= 6200 , 0 ,-30 , 7000 \nProgramWindow= 3000 , 1 , 2 , 11790 , Active\n"));
+}
+
 TEST(Settings, ABadValueCostsItsKeyAlone)
 {
     const Folder folder;
@@ -239,6 +275,9 @@ TEST(Settings, DrawingFileAndWindowPlaces)
     EXPECT_FALSE(read.DrawWindow.has_value());
     EXPECT_EQ(read.ProgramWindow.value_or(Geometry{}).Width, 11000);
     EXPECT_FALSE(read.ProgramWindowActive);
+    const DrawSettings wordless = ReadDrawSettings("ProgramWindow=3000,10,20,11000\n");
+    EXPECT_EQ(wordless.ProgramWindow.value_or(Geometry{}).Width, 11000);
+    EXPECT_FALSE(wordless.IsDamaged);
     EXPECT_NE(DrawSettingsText(read).find("\r\nProgramWindow= 3000 , 10 , 20 , 11000 , Inactive\r\n"),
               std::string::npos);
     const auto text = [](const Geometry& at) { return GeometryText(at); };
