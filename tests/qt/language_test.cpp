@@ -1,6 +1,7 @@
 // The windows in every language that is shipped: no text is cut off, and the toolkit's dialogs follow.
 
 #include "commands/drawing.h"
+#include "commands/keyboard.h"
 #include "commands/session.h"
 #include "commands/settings.h"
 #include "core/control_names.h"
@@ -13,6 +14,7 @@
 #include "qt/main_frame.h"
 #include "support/program.h"
 #include "ui/choice.h"
+#include "ui/focus.h"
 #include "ui/panes.h"
 
 #include <QApplication>
@@ -103,6 +105,12 @@ TEST_P(InLanguage, NoTextIsCutOffInTheSmallestWindow)
         for (const char* code : {machine == MachineKind::MK4 ? "G84 " : "G01 ", "G25 "}) {
             Events.Run([&] { PickCode(code); });
             ExpectAllFit();
+            // The hint of each place that the cursor comes to.
+            for (Control* place : {&frmMain.lvCncProgram, &frmMain.txtGMcode, &frmMain.txtXI, &frmMain.txtZK,
+                                   &frmMain.txtFKTL, &frmMain.txtH, &frmMain.txtComment}) {
+                Events.Run([&] { SetFocus(*place); });
+                ExpectFit(frmMain.lblHint);
+            }
         }
         for (int tab = 0; tab < static_cast<int>(frmMain.tabSettings.Items.size()); ++tab) {
             Events.Run([&] {
@@ -112,8 +120,14 @@ TEST_P(InLanguage, NoTextIsCutOffInTheSmallestWindow)
             ExpectAllFit();
         }
     }
+    Load(BytesOf(EXAMPLES_DIR "/mk4-first-turning.cnc"));
     Events.Run([] {
         frmMain.tabSettings.Visible = false;
+        ClickControl(frmMain.cmdRun);
+    });
+    ExpectAllFit();
+    Events.Run([] {
+        ClickControl(frmMain.cmdStop);
         for (Control* frame : {&frmMain.frCmdEditor1, &frmMain.frCmdEditor2, &frmMain.frCmdEditor3})
             frame->Visible = false;
         frmMain.frRXcode.Visible = frmMain.frCmdRX.Visible = frmMain.cmdReceiveLast.Visible = true;
