@@ -5,6 +5,7 @@
 #include "core/messages.h"
 #include "qt/code_list.h"
 #include "qt/help_page.h"
+#include "qt/long_text.h"
 #include "qt/pane.h"
 #include "qt/program_list_view.h"
 #include "qt/text_sync.h"
@@ -16,7 +17,6 @@
 #include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
@@ -83,7 +83,7 @@ QWidget* MakeButton(const Control& record, QWidget* parent)
 QWidget* MakeTextBox(const Control& record, QWidget* parent)
 {
     if (record.MultiLine) {
-        auto* edit = new QPlainTextEdit(parent);
+        auto* edit = new LongText(parent);
         edit->setTabChangesFocus(true);
         if (&record == &frmMain.txtRX) edit->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
         return edit;

@@ -43,6 +43,9 @@ public:
     /// Pushes all records into the widgets.
     void Render();
 
+    /// Pushes what the windows show, behind a box that comes up within an event.
+    void ShowBehindBox();
+
     /// The tick of each second.
     void StartTick();
 

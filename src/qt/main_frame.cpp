@@ -57,6 +57,7 @@ MainFrame::MainFrame(Desktop& desktop) : Events(desktop), Content(new QWidget(th
     Content->setFont(small);
     Warning = new QLabel(Content);
     MakeWidgets();
+    Events.Widgets.Of(frmMain.cmdStop)->setCursor(Qt::ArrowCursor);
     MakeMenus(desktop, *menuBar(), *RowMenu);
     LayOutPanes(desktop.Widgets);
     ConnectList();
@@ -128,6 +129,10 @@ void MainFrame::Render()
           &frmMain.frCmdRX, &frmMain.txtHelpFind, &frmMain.cmdReturn}) {
         if (over->Visible) Events.Widgets.Of(*over)->raise();
     }
+
+    // A program that goes out; the one button that it leaves is clicked with the ordinary pointer.
+    const Qt::CursorShape pointer = Shared.Transmitting ? Qt::WaitCursor : Qt::ArrowCursor;
+    if (cursor().shape() != pointer) setCursor(pointer);
 
     // The message: words behind a sign, in a colour of its own.
     QWidget* const message = Events.Widgets.Of(frmMain.lblMessage);

@@ -9,7 +9,6 @@
 #include <QColorDialog>
 #include <QDateTime>
 #include <QFileDialog>
-#include <QFontDatabase>
 #include <QMessageBox>
 #include <QProcess>
 #include <QStandardPaths>
@@ -165,11 +164,4 @@ std::string QtPlatform::LocalDataFolder()
 std::string QtPlatform::ProgramFolder()
 {
     return QApplication::applicationDirPath().toStdString();
-}
-
-std::vector<std::string> QtPlatform::PrinterFonts()
-{
-    std::vector<std::string> names;
-    for (const QString& family : QFontDatabase::families()) names.push_back(family.toStdString());
-    return names;
 }
