@@ -6,9 +6,10 @@ set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 
 targets=(brixley-cli brixley-pictures)
-packages=(g++ cmake ninja-build nlohmann-json3-dev libcli11-dev qt6-base-dev qt6-svg-dev qt6-serialport-dev qt6-translations-l10n)
+packages=(g++ cmake ninja-build nlohmann-json3-dev libcli11-dev qt6-base-dev qt6-svg-dev qt6-serialport-dev)
 if [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]; then
     targets=(brixley)
+    packages+=(qt6-translations-l10n)
     [[ -n ${WAYLAND_DISPLAY:-} ]] && packages+=(qt6-wayland)
 fi
 

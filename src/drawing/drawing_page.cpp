@@ -1,5 +1,7 @@
 #include "drawing/drawing_page.h"
 
+#include "core/messages.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -73,7 +75,7 @@ ScaleBar ScaleBarOf(double unit, bool metric, double most)
     const double length = factor * std::pow(10, power);
     char number[64];
     std::snprintf(number, sizeof number, "%.*f", std::max(0, -power), length);
-    return {length * unit * whole, std::string(number) + (metric ? " mm" : " inch")};
+    return {length * unit * whole, Tr(metric ? "%1 mm" : "%1 inch", {number})};
 }
 
 bool IsDrawing(const PrintJob& job)

@@ -18,15 +18,17 @@ constexpr BoxRow Boxes[] = {
 constexpr const char* DrawWindowKey = "DrawWindow";
 constexpr const char* ProgramWindowKey = "ProgramWindow";
 
-/// The four numbers and the word behind them.
-bool ReadProgramWindow(DrawSettings& settings, const std::string& value)
+/// The four numbers and the word behind them. Without a word the window counts as active.
+bool ReadProgramWindow(DrawSettings& settings, std::string_view value)
 {
-    const size_t comma = value.rfind(',');
-    if (comma == std::string::npos) return false;
-    const auto place = ReadGeometry(std::string_view(value).substr(0, comma));
+    const auto place = ReadGeometry(value);
     if (!place) return false;
+    for (int numbers = 4; numbers > 0; --numbers) {
+        const size_t comma = value.find(',');
+        value = comma == std::string_view::npos ? "" : value.substr(comma + 1);
+    }
     settings.ProgramWindow = place;
-    settings.ProgramWindowActive = Trimmed(std::string_view(value).substr(comma + 1)) != "Inactive";
+    settings.ProgramWindowActive = Trimmed(value) != "Inactive";
     return true;
 }
 

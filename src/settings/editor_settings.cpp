@@ -125,7 +125,7 @@ std::string EditorSettingsText(const EditorSettings& settings)
                        std::string(LineEnd) + SettingsText<EditorSettings>(settings, Rows);
     text += OwnComment;
     for (size_t i = 0; i < settings.RecentFiles.size() && !settings.RecentFiles[i].empty(); ++i) {
-        text += std::string(RecentKey) + std::to_string(i + 1) + "=" + settings.RecentFiles[i] +
+        text += std::string(RecentKey) + std::to_string(i + 1) + "=" + OnOneLine(settings.RecentFiles[i]) +
                 std::string(LineEnd);
     }
     return text;

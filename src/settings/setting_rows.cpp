@@ -118,3 +118,8 @@ std::string GeometryText(const Geometry& at)
     return NumberText(at.Height) + "," + NumberText(at.Left) + "," + NumberText(at.Top) + "," +
            NumberText(at.Width);
 }
+
+std::string OnOneLine(const std::string& text)
+{
+    return text.find_first_of("\r\n") == std::string::npos ? text : "";
+}

@@ -68,6 +68,8 @@ std::optional<std::string> ReadChoice(std::string_view text, std::string_view wo
 std::string NumberText(int value);
 std::string HexColorText(int color);
 std::string GeometryText(const Geometry& at);
+/// The text, or "" for one that would be read as several lines: a file may have such a name.
+std::string OnOneLine(const std::string& text);
 
 /// Reads a value into its place; false when the text is none.
 template <class Settings>
@@ -107,7 +109,7 @@ template <class Settings> std::string ValueText(const Settings& settings, const 
     struct Writer {
         const Settings& Of;
         std::string operator()(std::monostate) const { return ""; }
-        std::string operator()(std::string Settings::*at) const { return Of.*at; }
+        std::string operator()(std::string Settings::*at) const { return OnOneLine(Of.*at); }
         std::string operator()(bool Settings::*at) const { return Of.*at ? "True" : "False"; }
         std::string operator()(std::optional<Geometry> Settings::*at) const
         {

@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <set>
+#include <sstream>
 #include <sys/wait.h>
 
 namespace {
@@ -239,5 +241,34 @@ TEST_F(Cli, DrawWritesAPictureOrKeepsWhatWasThere)
     }
 }
 #endif
+
+/// Both instances write the settings at their exit: whoever comes last has written a whole file.
+TEST_F(Cli, TwoInstancesLeaveNoTornSettings)
+{
+    Work.Put("sub/Settings.edt", WithCrLf("Metric=True\nMachine=MK4\n"));
+    const std::string words = "keys good.cnc --settings sub --keys='{MENU mnuDraw}{MENU mnuExit}'";
+    EXPECT_EQ(Call(words).Status, 0);
+    const std::string editor = File("sub/Settings.edt"), drawing = File("sub/Settings.drw");
+    EXPECT_TRUE(editor.starts_with(";BXL ") && drawing.ends_with("active\r\n")) << editor << drawing;
+    // Two loops side by side, and one that looks.
+    const auto loop = [&](const std::string& done) {
+        return "(for i in 1 2 3 4 5 6 7 8 9 10; do '" BRIXLEY_CLI "' " + words + " >/dev/null; done; touch " +
+               done + ") & ";
+    };
+    const Ran ran = Call("--version; " + loop("one") + loop("two") +
+                         "until [ -e one ] && [ -e two ]; do cat sub/Settings.edt sub/Settings.drw | md5sum "
+                         ">>.out; done; wait");
+    std::set<std::string> seen;
+    std::istringstream lines(ran.Out);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.ends_with(" -")) seen.insert(line);
+    }
+    EXPECT_EQ(seen.size(), 1U) << "the files were never seen but whole";
+    EXPECT_EQ(File("sub/Settings.edt"), editor);
+    EXPECT_EQ(File("sub/Settings.drw"), drawing);
+    EXPECT_FALSE(std::filesystem::exists(Work / "sub/Settings.edt.bad"));
+    const auto files = std::filesystem::directory_iterator(Work / "sub");
+    EXPECT_EQ(std::distance(begin(files), end(files)), 2) << "nothing is left of the writing";
+}
 
 } // namespace

@@ -1,6 +1,7 @@
 // The windows in every language that is shipped: no text is cut off, and the toolkit's dialogs follow.
 
 #include "commands/drawing.h"
+#include "commands/keyboard.h"
 #include "commands/session.h"
 #include "commands/settings.h"
 #include "core/control_names.h"
@@ -13,6 +14,7 @@
 #include "qt/main_frame.h"
 #include "support/program.h"
 #include "ui/choice.h"
+#include "ui/focus.h"
 #include "ui/panes.h"
 
 #include <QApplication>
@@ -61,7 +63,7 @@ protected:
     /// Codes stand in front of their descriptions, which are broken between words.
     void ExpectWordsFit(const Control& list, const QWidget& widget)
     {
-        constexpr int CodeAndScrollBar = 60;
+        constexpr int CodeAndScrollBar = 72;
         for (const std::string& item : list.Items) {
             const QString description = QString::fromStdString(item).section('\t', 1);
             for (const QString& word : description.split(' '))
@@ -73,8 +75,9 @@ protected:
     void ExpectFit(const Control& control)
     {
         const QWidget* const widget = control.Is == Kind::Menu ? nullptr : Events.Widgets.Of(control);
-        if (widget == nullptr || !widget->isVisible() || control.Text.empty()) return;
+        if (widget == nullptr || !widget->isVisible()) return;
         if (control.Is == Kind::List) return ExpectWordsFit(control, *widget);
+        if (control.Text.empty()) return;
         int needed = 0;
         // A path is shortened, and the units stand where there is room.
         const bool elided = &control == &frmMain.lblPath || &control == &frmMain.lblEntryUnits;
@@ -102,6 +105,12 @@ TEST_P(InLanguage, NoTextIsCutOffInTheSmallestWindow)
         for (const char* code : {machine == MachineKind::MK4 ? "G84 " : "G01 ", "G25 "}) {
             Events.Run([&] { PickCode(code); });
             ExpectAllFit();
+            // The hint of each place that the cursor comes to.
+            for (Control* place : {&frmMain.lvCncProgram, &frmMain.txtGMcode, &frmMain.txtXI, &frmMain.txtZK,
+                                   &frmMain.txtFKTL, &frmMain.txtH, &frmMain.txtComment}) {
+                Events.Run([&] { SetFocus(*place); });
+                ExpectFit(frmMain.lblHint);
+            }
         }
         for (int tab = 0; tab < static_cast<int>(frmMain.tabSettings.Items.size()); ++tab) {
             Events.Run([&] {
@@ -111,8 +120,14 @@ TEST_P(InLanguage, NoTextIsCutOffInTheSmallestWindow)
             ExpectAllFit();
         }
     }
+    Load(BytesOf(EXAMPLES_DIR "/mk4-first-turning.cnc"));
     Events.Run([] {
         frmMain.tabSettings.Visible = false;
+        ClickControl(frmMain.cmdRun);
+    });
+    ExpectAllFit();
+    Events.Run([] {
+        ClickControl(frmMain.cmdStop);
         for (Control* frame : {&frmMain.frCmdEditor1, &frmMain.frCmdEditor2, &frmMain.frCmdEditor3})
             frame->Visible = false;
         frmMain.frRXcode.Visible = frmMain.frCmdRX.Visible = frmMain.cmdReceiveLast.Visible = true;

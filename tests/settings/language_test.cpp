@@ -1,5 +1,9 @@
 // Language modules: how they are read, and whether the shipped ones are complete.
 
+#include "cli/key_script.h"
+#include "commands/session.h"
+#include "core/control_names.h"
+#include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/messages.h"
 #include "core/program_list.h"
@@ -7,9 +11,12 @@
 #include "settings/language.h"
 #include "settings/setting_rows.h"
 #include "support/program.h"
+#include "ui/profile_controls.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <map>
 #include <set>
 
@@ -78,13 +85,27 @@ std::string Marks(const std::string& text)
     return marks;
 }
 
-TEST(Language, TheShippedModulesAreComplete)
+/// As the section of the program's own texts has them: braces and a tilde for brackets and an equals sign.
+std::string Unescaped(std::string text)
+{
+    for (char& c : text) c = c == '{' ? '[' : c == '}' ? ']' : c == '~' ? '=' : c;
+    return text;
+}
+
+/// By language, the texts that may be the same as in English.
+std::map<std::string, std::set<std::string>> AlikeWords()
 {
     std::map<std::string, std::set<std::string>> alike;
     for (const std::string& line : LinesOf(BytesOf(std::string(LANGUAGES_DIR) + "/alike.txt"))) {
         if (const size_t colon = line.find(": "); colon != std::string::npos)
-            alike[line.substr(0, colon)].insert(line.substr(colon + 2));
+            alike[line.substr(0, colon)].insert(Unescaped(line.substr(colon + 2)));
     }
+    return alike;
+}
+
+TEST(Language, TheShippedModulesAreComplete)
+{
+    auto alike = AlikeWords();
     const auto english = Read("English");
     ASSERT_EQ(english.size(), 36U);
     for (const char* language : {"German", "French", "Spanish", "Dutch"}) {
@@ -101,10 +122,128 @@ TEST(Language, TheShippedModulesAreComplete)
                 EXPECT_EQ(Marks(lines[i].Value), Marks(wanted[i].Value)) << where;
                 const bool same =
                     lines[i].Value == wanted[i].Value && wanted[i].Key.find("unused") == std::string::npos;
-                EXPECT_TRUE(!same || alike[language].contains(lines[i].Value)) << where;
+                EXPECT_TRUE(!same || alike[language].contains(Unescaped(lines[i].Value))) << where;
             }
         }
     }
+}
+
+/// Names that no language translates, and what no user ever sees.
+bool IsName(const Control& control)
+{
+    static const std::set<std::string> names{"Xon/Xoff", "DTR/DSR",  "RTS/CTS", "Emco",
+                                             "xxx",      "xx:xx:xx", "XZ1-XZ2"};
+    for (const Control* in = &control; in != nullptr; in = in->In) {
+        for (const Control* hidden : {&frmMain.mnuMachine, &frmMain.mnuUnits, &frmMain.mnuFont,
+                                      &frmMain.mnuComm, &frmMain.mnuPaths, &frmMain.mnuRightClick}) {
+            if (in == hidden) return true;
+        }
+    }
+    return names.contains(control.Text) || control.Text.starts_with("Com") || control.Is == Kind::TextBox ||
+           control.Is == Kind::Combo;
+}
+
+/// Everything that can be read in the windows, by the control's name: captions, items, tips.
+std::map<std::string, std::string> Readable()
+{
+    std::map<std::string, std::string> texts;
+    const auto take = [&](const std::string& window, Control& control) {
+        const std::string name = window + FullName(control);
+        const auto word = std::count_if(control.Text.begin(), control.Text.end(),
+                                        [](unsigned char c) { return std::isalpha(c) != 0; });
+        if (word > 2 && !IsName(control)) texts[name] = control.Text;
+        for (const std::string& item : control.Items) {
+            if (control.In != &frmMain.tabSettings && item.size() > 3)
+                texts[name + " " + item.substr(0, 4)] = item;
+        }
+    };
+    const auto visitor = [&](const char* window) {
+        return [&take, window](Control& control) { take(window, control); };
+    };
+    frmMain.ForEach(visitor(""));
+    frmDraw.ForEach(visitor("draw "));
+    take("", frmDraw.Window);
+    take("", frmProgramWindow.Window);
+    frmMain.ForEach([&](Control& control) {
+        if (!IsName(control)) texts[FullName(control) + " tip"] = TipOf(control);
+    });
+    return texts;
+}
+
+TEST(Language, NoTextOfTheWindowsStaysEnglish)
+{
+    const auto alike = AlikeWords();
+    for (const char* language : {"German", "French", "Spanish", "Dutch"}) {
+        Start("MK4 mm");
+        const auto english = Readable();
+        ASSERT_GT(english.size(), 250U);
+        ReadLanguageModule(BytesOf(std::string(LANGUAGES_DIR) + "/" + language + ".txt"));
+        ShowUnits();
+        AfterEvent();
+        auto now = Readable();
+        for (const auto& [name, text] : english) {
+            EXPECT_TRUE(now[name] != text || alike.at(language).contains(text))
+                << language << " " << name << ": " << text;
+        }
+    }
+}
+
+TEST(Language, TheEnglishModuleGivesTheBuiltInTextsBack)
+{
+    Start("MK4 mm");
+    AfterEvent();
+    auto first = Readable();
+    for (const char* language : {"German", "English"}) {
+        ReadLanguageModule(BytesOf(std::string(LANGUAGES_DIR) + "/" + language + ".txt"));
+        ShowUnits();
+        AfterEvent();
+    }
+    // Marked letters and blanks aside; the entry has no caption at first, the help page none of its own.
+    const auto plain = [](std::string text) {
+        std::erase_if(text, [](char c) { return c == '&' || c == ' '; });
+        return text;
+    };
+    for (const auto& [name, text] : Readable()) {
+        if (name == "frEntry" || name == "rtfHelp") continue;
+        EXPECT_EQ(plain(text), plain(first[name])) << name;
+    }
+}
+
+TEST(Language, WhatIsShownFollowsTheNewLanguage)
+{
+    Start("MK4 mm");
+    RunKeyScript("25{ENTER}{FOCUS txtGMcode}-");
+    ReadLanguageModule(BytesOf(std::string(LANGUAGES_DIR) + "/German.txt"));
+    AfterEvent();
+    EXPECT_EQ(frmMain.lblFKTL.Text, "Satz");
+    EXPECT_EQ(frmMain.txtFKTL.ToolTip, "0 = Min, Max = 221");
+    EXPECT_EQ(frmMain.txtFeedA.ToolTip, "2 = Min, Max = 499");
+    EXPECT_EQ(frmMain.txtGMcode.ToolTip, "[-] = G-Code");
+    // A line of the other letter is activated: the tip isn't one key late.
+    RunKeyScript("-");
+    EXPECT_EQ(frmMain.lblCode.ToolTip, "[-] = M-Code");
+    EXPECT_EQ(frmDraw.Window.Text, "Zeichnung");
+    ReadLanguageModule(BytesOf(std::string(LANGUAGES_DIR) + "/French.txt"));
+    EXPECT_EQ(frmDraw.Window.Text, "Dessin");
+    EXPECT_EQ(frmMain.lblFKTL.Text, "Bloc");
+}
+
+/// The toolbar's words are those of English alone, whatever the case of its name; a scale box stays empty
+/// until the drawing comes to the front.
+TEST(Language, ToolBarAndScaleBox)
+{
+    Start("MK4 mm");
+    ReadLanguageModule("[System Variables]\nLanguage Name=ENGLISH\n[Toolbar]\nOpen File=Open it\n"
+                       "[DRAW Combo Run]\n;no place\na=Go\n[DRAW Combo Scale]\na=Eighth\n");
+    EXPECT_EQ(frmMain.cmdTopButtons[0].Text + "|" + frmMain.cmdTopButtons[0].ToolTip, "Open|Open it");
+    EXPECT_EQ(frmDraw.cboRun.Text + "|" + frmDraw.cboRun.Items[1], "Go|Step");
+    EXPECT_EQ(frmDraw.cboScale.Text + "|" + frmDraw.cboScale.Items[0], "|Eighth");
+    ShowDrawCaptions();
+    EXPECT_EQ(frmDraw.cboScale.Text, frmDraw.cboScale.Items[ScaleOneIndex]);
+    ReadLanguageModule("[System Variables]\nLanguage Name=Else\n[Toolbar]\n");
+    EXPECT_EQ(frmMain.cmdTopButtons[0].Text, "");
+    EXPECT_EQ(LanguageNameOf("[Brixley, Language Resource]\n[System Variables]\nLanguage Name = Deutsch\n"),
+              "Deutsch");
 }
 
 TEST(Language, TheProgramsOwnTextsAreInEveryModule)
