@@ -295,6 +295,14 @@ TEST_F(DrawingWindow, ADoubleClickSelectsTheLine)
     EXPECT_FALSE(Drawing.MeasureStarted);
     EXPECT_TRUE(WidgetOf(frmDraw.frView)->isVisible());
     EXPECT_NE(Shown(), before) << "the line is marked";
+    // In a measurement its second point alone.
+    ClickCanvas(420, 300);
+    QTest::mouseClick(Canvas(), Qt::LeftButton, {}, onSecond);
+    QTest::mouseDClick(Canvas(), Qt::LeftButton, {}, onSecond);
+    EXPECT_TRUE(Drawing.MeasureStarted && !Drawing.MeasureDone);
+    Move(460, 330);
+    EXPECT_EQ(frmDraw.lblMeasureDistance.Text, "187");
+    SendKeys("{ESC}");
     // Beside all figures the clicks are two points.
     QTest::mouseClick(Canvas(), Qt::RightButton, {}, {600, 300});
     QTest::mouseDClick(Canvas(), Qt::RightButton, {}, {600, 300});
@@ -333,13 +341,12 @@ TEST_F(DrawingWindow, StepsPausesAndProgramLines)
     EXPECT_EQ(Drawn(), 3U);
 
     // The window stays where it is put and as large as it was made.
-    Lines->move(30, 40);
-    Lines->resize(600, 250);
+    Lines->setGeometry(30, 40, 600, 250);
     Lines->close();
     EXPECT_FALSE(Lines->isVisible());
     Pick(frmDraw.cboRun, 0);
     EXPECT_TRUE(Lines->isVisible());
-    EXPECT_EQ(Lines->pos(), QPoint(30, 40));
+    EXPECT_EQ(Lines->geometry().topLeft(), QPoint(30, 40));
     EXPECT_EQ(Lines->size(), QSize(600, 250));
 }
 
