@@ -1,10 +1,12 @@
 // Draws the windows of the desktop program in all their states into a folder, at one scale (QT_SCALE_FACTOR):
 // three sizes, a light and a dark palette. tools/screenshots runs it once a scale.
-// Usage: screenshots FOLDER EXAMPLES [NAME OF A STATE]
+// Usage: screenshots FOLDER EXAMPLES [NAME OF A STATE [LANGUAGE MODULE]]
+// "" stands for all states. With a language module in the light palette alone: texts don't change with it.
 
 #include "commands/keyboard.h"
 #include "commands/load.h"
 #include "commands/session.h"
+#include "commands/settings.h"
 #include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
@@ -28,6 +30,8 @@
 namespace {
 
 QString Examples;
+/// The path of a module, "" for none.
+std::string Language;
 
 void Open(const char* name)
 {
@@ -272,6 +276,7 @@ bool Draw(Desktop& desktop, MainFrame& window, QWidget& drawing, QWidget& lines,
         frmMain.Window.Width = size.width() * 15;
         frmMain.Window.Height = size.height() * 15;
         StartNew(MachineKind::MK4, true, false);
+        LoadLanguageModule(Language);
         state.Make();
     });
     desktop.Run(tmr1sec_Timer);
@@ -288,6 +293,7 @@ int main(int argc, char** argv)
     const QDir folder(argv[1]);
     Examples = argv[2];
     const QString only = argc > 3 ? argv[3] : "";
+    if (argc > 4) Language = argv[4];
     const QString scale =
         QString::number(qRound(qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble() * 100));
 
@@ -303,6 +309,7 @@ int main(int argc, char** argv)
     const QPalette light = QApplication::palette();
     bool whole = true;
     for (const bool dark : {false, true}) {
+        if (dark && !Language.empty()) break;
         // The palette changes while the windows are open.
         QApplication::setPalette(dark ? Dark() : light);
         const QString end = "-" + scale + (dark ? "-dark.png" : "-light.png");

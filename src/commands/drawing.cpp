@@ -11,6 +11,7 @@
 #include "drawing/drawing_state.h"
 #include "drawing/measure.h"
 #include "drawing/picture_file.h"
+#include "drawing/printing.h"
 #include "drawing/program_window.h"
 #include "drawing/walk.h"
 #include "editor/find.h"
@@ -47,6 +48,7 @@ constexpr Event Events[] = {
     {&D::cmdAutoFit, {cmdAutoFit_Click}},
     {&D::cmdZeroPoint, {cmdZeroPoint_Click}},
     {&D::cmdRedraw, {cmdRedraw_Click}},
+    {&D::cmdPrint, {cmdPrint_Click}},
     {&D::cmdStep, {frmDraw_cmdStep_Click}},
     {&D::cmdAbort, {cmdAbort_Click}},
     {&D::cmdEditor, {cmdEditor_Click}},

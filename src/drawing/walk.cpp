@@ -177,7 +177,7 @@ Task DrawProgram(bool centerLine, int pass)
             if (effect.Pauses && walk.Pass == 1 && walk.Interval > 1) co_await Delay(walk.Interval);
         }
 
-        if (Drawing.Stepping) {
+        if (Drawing.Stepping && !DrawSlot.WithoutWaits) {
             frmDraw.cmdStep.Visible = frmDraw.cmdStep.Enabled = true;
             if (frmDraw.frControls.Visible) SetFocus(frmDraw.cmdStep);
             co_await DrawSlot.Until([] { return Drawing.StepReleased; });

@@ -2,6 +2,7 @@
 
 #include "commands/windows.h"
 #include "core/draw_window.h"
+#include "core/messages.h"
 #include "core/program_list.h"
 #include "drawing/drawing_state.h"
 #include "drawing/line_figures.h"
@@ -43,6 +44,8 @@ void CanvasView::Begin()
 
 void CanvasView::Render()
 {
+    if (const QString name = QString::fromStdString(Tr("Tool path")); accessibleName() != name)
+        setAccessibleName(name);
     const auto& operations = Picture.Operations();
     if (Canvas == nullptr || Ratio != devicePixelRatioF()) Begin();
     // A recording begins with a clearing and all settings, so it can be painted over what was there.
