@@ -23,10 +23,13 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
 #include <QScreen>
 #include <QTest>
+#include <QTimer>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
@@ -94,12 +97,15 @@ protected:
         QApplication::sendEvent(Canvas(), &wheel);
     }
     /// Chooses an item of a combo box in its popup.
+    static void PickIn(QComboBox& combo, int index)
+    {
+        combo.showPopup();
+        combo.view()->setCurrentIndex(combo.model()->index(index, 0));
+        QTest::keyClick(combo.view(), Qt::Key_Enter);
+    }
     void Pick(const Control& control, int index)
     {
-        auto* const combo = Events.Widgets.As<QComboBox>(control);
-        combo->showPopup();
-        combo->view()->setCurrentIndex(combo->model()->index(index, 0));
-        QTest::keyClick(combo->view(), Qt::Key_Enter);
+        PickIn(*Events.Widgets.As<QComboBox>(control), index);
         Draw->activateWindow(); // a window system does that behind a popup
         ASSERT_TRUE(QTest::qWaitForWindowActive(Draw.get()));
     }
@@ -445,4 +451,33 @@ TEST_F(DrawingWindow, ThePictureIsSaved)
     Desk.Files.push_back(folder / "a.gif");
     Click(frmDraw.cmdSavePicture);
     EXPECT_EQ(Desk.Boxes.size(), 1U);
+
+    // The kind that is chosen in the dialog gives the proposed name its ending.
+    QtPlatform platform;
+    QTimer::singleShot(0, [&] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        PickIn(*dialog->findChild<QComboBox*>("fileTypeCombo"), 1);
+        QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Enter);
+        if (dialog->isVisible()) dialog->reject();
+    });
+    const auto chosen = platform.AskForFile(
+        {FileDialog::Purpose::Save, "b.svg", "SVG picture|*.svg|PNG picture|*.png|", folder / ""});
+    EXPECT_EQ(chosen.value_or("cancelled"), folder / "b.png");
+}
+
+TEST_F(DrawingWindow, ALongWalkIsAborted)
+{
+    // 8,000 passes through two moves by three levels of calls, with a look at the events each millisecond.
+    Enter("20*G25 L21 / M30 / 20*G25 L42 / M17 / 20*G25 L63 / M17 / G00 X10 Z10 / G00 X-10 Z-10 / M17");
+    Drawing.YieldAfter = 1;
+    Click(frmDraw.cmdRedraw);
+    ASSERT_TRUE(Drawing.DrawingNow) << "events are let through";
+    EXPECT_TRUE(WidgetOf(frmDraw.cmdAbort)->isVisible());
+    Click(frmDraw.cmdAbort);
+    EXPECT_FALSE(Drawing.DrawingNow);
+    const int aborted = Picture.FigureCount();
+    EXPECT_LT(aborted, 16000);
+    Click(frmDraw.cmdRedraw);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !Drawing.DrawingNow; }, 20000));
+    EXPECT_GT(Picture.FigureCount(), 16000);
 }
