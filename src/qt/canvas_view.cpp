@@ -58,8 +58,9 @@ void CanvasView::Render()
     if (Painted < operations.size() || newLine) {
         Replay({operations.data() + Painted, operations.size() - Painted}, *Canvas);
         Painted = operations.size();
-        MarkedLine = lvCncProgram.Selected;
-        Mark = FiguresOfLine(MarkedLine);
+        // The figures of a long drawing are looked through once, at its end.
+        MarkedLine = Drawing.Yielding ? -1 : lvCncProgram.Selected;
+        Mark = Drawing.Yielding ? std::vector<Operation>() : FiguresOfLine(MarkedLine);
         update(QRegion(rect()) - childrenRegion()); // the frame over the picture is as it was
     }
     // Another drawing may have another scale and zero point.

@@ -467,9 +467,9 @@ TEST_F(DrawingWindow, ThePictureIsSaved)
 
 TEST_F(DrawingWindow, ALongWalkIsAborted)
 {
-    // 8,000 passes through two moves by three levels of calls, with a look at the events each millisecond.
+    // 8,000 passes through two moves by three levels of calls, with a look at the events every 10 ms.
     Enter("20*G25 L21 / M30 / 20*G25 L42 / M17 / 20*G25 L63 / M17 / G00 X10 Z10 / G00 X-10 Z-10 / M17");
-    Drawing.YieldAfter = 1;
+    Drawing.YieldAfter = 10;
     Click(frmDraw.cmdRedraw);
     ASSERT_TRUE(Drawing.DrawingNow) << "events are let through";
     EXPECT_TRUE(WidgetOf(frmDraw.cmdAbort)->isVisible());
