@@ -203,11 +203,10 @@ TEST_F(DrawingWindow, ScaleByTheListAndByTheWheel)
     for (int i = 0; i < 9; ++i) Turn(120, {790, 590});
     EXPECT_EQ(frmDraw.cboScale.Index, 9) << "no further";
     EXPECT_LT(Drawing.ZeroPointX, 0);
-    EXPECT_EQ(Picture.Operations().back().Is, Operation::Kind::SetForeColor);
-    // What was left of the pointer is now beyond the left edge, and not in the middle of the window.
+    EXPECT_EQ(FiguresOfLine(1).at(0).At[0], static_cast<float>(Drawing.ZeroPointX)) << "drawn there too";
     Move(790, 590);
-    const double right = (790 * 15 - Drawing.ZeroPointX) / Shared.DrawScale;
-    EXPECT_NEAR(right, (790 - 400) * 15 / 2.0, 1);
+    const double across = (790 * 15 - Drawing.ZeroPointX) / Shared.DrawScale;
+    EXPECT_NEAR(across, (790 - 400) * 15 / 2.0, 1) << "the place under the pointer stays";
 
     // A fit below the list: the wheel grows into the list from there.
     Events.Run([] {
