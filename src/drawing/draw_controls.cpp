@@ -148,13 +148,19 @@ void ShowDrawBoxes()
 
 namespace {
 
-/// Boxes and places of the windows as they were left; without a file the window is in the middle.
+void CenterWindow(Control& window)
+{
+    window.Left = (Shared.Screen.Width - window.Width) / 2;
+    window.Top = (Shared.Screen.Height - window.Height) / 2;
+}
+
+/// Boxes and places of the windows as they were left; without a file, and without its line in the file, the
+/// window is in the middle.
 void LoadSettings()
 {
     Control& window = frmDraw.Window;
     if (!HasUserFile(DrawSettingsFile)) {
-        window.Left = (Shared.Screen.Width - window.Width) / 2;
-        window.Top = (Shared.Screen.Height - window.Height) / 2;
+        CenterWindow(window);
         PlaceWindow(frmProgramWindow.Window, ProgramWindowPlace(PlaceOf(frmProgramWindow.Window)));
         return;
     }
@@ -162,6 +168,7 @@ void LoadSettings()
     const DrawSettings settings = ReadDrawSettings(bytes);
     if (settings.IsDamaged) KeepDamaged(DrawSettingsFile, bytes);
     Shared.DrawBoxes = settings.Boxes;
+    if (!settings.DrawWindow) CenterWindow(window);
     if (settings.DrawWindow && !Drawing.Maximized) PlaceWindow(window, DrawWindowPlace(*settings.DrawWindow));
     if (settings.ProgramWindow)
         PlaceWindow(frmProgramWindow.Window, ProgramWindowPlace(*settings.ProgramWindow));

@@ -144,12 +144,34 @@ void EraseMarks()
     if (Drawing.MeasureDone) EraseMark(1);
 }
 
+/// The next readout measures from here.
+void MeasureFrom(double x, double y)
+{
+    constexpr const char* Procedure = "MeasureCross";
+    const Place at = PlaceOf(x, y);
+    Attempt(Procedure, [&] { Drawing.MeasureX = ToSingle(at.H); });
+    Attempt(Procedure, [&] { Drawing.MeasureY = ToSingle(at.V); });
+}
+
 /// Ends a measurement without a trace.
 void GiveMeasureUp()
 {
     EraseMarks();
     EndMeasure();
     Drawing.Crosshair = false;
+}
+
+/// Takes back the point that the first click of a double click has set.
+void TakeBackPoint()
+{
+    if (!Drawing.MeasureStarted) return;
+    if (!Drawing.MeasureDone) {
+        GiveMeasureUp();
+        return;
+    }
+    EraseMark(1);
+    Drawing.MeasureDone = false;
+    MeasureFrom(Drawing.MeasurePoints[0], Drawing.MeasurePoints[1]);
 }
 
 void PickZeroPoint(double x, double y)
@@ -209,7 +231,7 @@ bool frmDraw_DblClick(double x, double y)
     constexpr double Near = 90; // 6 pixels
     const int line = LineAt(x, y, Near);
     if (line == 0 || line > lvCncProgram.RowCount()) return false;
-    if (Drawing.MeasureStarted && !Drawing.MeasureDone) GiveMeasureUp();
+    TakeBackPoint();
     SelectRow(line);
     ShowSelectedProgramLine();
     return true;
@@ -237,9 +259,7 @@ void MeasureCross(double x, double y)
     canvas.SetPenMode(PenMode::Invert);
     Attempt(Procedure, [&] { canvas.DrawLine(x - Arm, y, x + Arm, y); });
     Attempt(Procedure, [&] { canvas.DrawLine(x, y - Arm, x, y + Arm); });
-    const Place at = PlaceOf(x, y);
-    Attempt(Procedure, [&] { Drawing.MeasureX = ToSingle(at.H); });
-    Attempt(Procedure, [&] { Drawing.MeasureY = ToSingle(at.V); });
+    MeasureFrom(x, y);
     canvas.SetPenMode(PenMode::Copy);
 }
 

@@ -29,7 +29,7 @@ void CanvasView::Begin()
 {
     Canvas.reset();
     if (Painter.isActive()) Painter.end();
-    const double ratio = devicePixelRatioF();
+    const double ratio = Ratio = devicePixelRatioF();
     Image = QImage((QSizeF(size()) * ratio).toSize().expandedTo({1, 1}), QImage::Format_RGB32);
     Painter.begin(&Image);
     // A pixel of the drawing is one of the screen's logical inch, whatever its own pixels are.
@@ -39,7 +39,7 @@ void CanvasView::Begin()
     Canvas = std::make_unique<PainterCanvas>(Painter, static_cast<int>(width() * toTwips) + 15,
                                              static_cast<int>(height() * toTwips) + 15,
                                              PainterCanvas::Device::Raster, scale);
-    Painted = 0;
+    Generation = -1;
 }
 
 void CanvasView::Render()
@@ -47,18 +47,21 @@ void CanvasView::Render()
     if (const QString name = QString::fromStdString(Tr("Tool path")); accessibleName() != name)
         setAccessibleName(name);
     const auto& operations = Picture.Operations();
-    if (Canvas == nullptr || Generation != Picture.Generation() || Painted > operations.size()) {
-        Begin();
+    if (Canvas == nullptr || Ratio != devicePixelRatioF()) Begin();
+    // A recording begins with a clearing and all settings, so it can be painted over what was there.
+    if (Generation != Picture.Generation() || Painted > operations.size()) {
         Generation = Picture.Generation();
+        Painted = 0;
         MarkedLine = -1;
     }
     const bool newLine = MarkedLine != lvCncProgram.Selected;
     if (Painted < operations.size() || newLine) {
         Replay({operations.data() + Painted, operations.size() - Painted}, *Canvas);
         Painted = operations.size();
-        MarkedLine = lvCncProgram.Selected;
-        Mark = FiguresOfLine(MarkedLine);
-        update();
+        // The figures of a long drawing are looked through once, at its end.
+        MarkedLine = Drawing.Yielding ? -1 : lvCncProgram.Selected;
+        Mark = Drawing.Yielding ? std::vector<Operation>() : FiguresOfLine(MarkedLine);
+        update(QRegion(rect()) - childrenRegion()); // the frame over the picture is as it was
     }
     // Another drawing may have another scale and zero point.
     if (Pointer && ReadoutOf != Generation) {
@@ -90,15 +93,19 @@ void CanvasView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     const double ratio = devicePixelRatioF();
-    const QRect part = event->rect();
-    painter.drawImage(part, Image, QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio));
+    // Rectangle by rectangle the toolkit copies rows of pixels; a region it would go through span by span.
+    for (const QRect& part : event->region()) {
+        painter.setClipRect(part);
+        painter.drawImage(part, Image, QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio));
+    }
+    painter.setClipping(false);
     PaintMark(painter);
 }
 
 void CanvasView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    Generation = -1;
+    Canvas.reset();
     Render();
 }
 

@@ -43,6 +43,8 @@ private:
     QImage Image;
     QPainter Painter;
     std::unique_ptr<PainterCanvas> Canvas;
+    /// The screen's own pixels for one of Qt's.
+    double Ratio = 1;
     int Generation = -1;
     size_t Painted = 0;
     /// The selected line, and what it has drawn.

@@ -86,19 +86,28 @@ QWidget* ParentOf(Desktop& desktop, const Control& record, QWidget* window)
 
 namespace {
 
-/// Moves a window that is to be shown to its place, as far as the screen of today has room there.
-void MoveOnScreen(QWidget& widget, const Control& window)
+/// Puts a window that is to be shown where its record says, as far as the screen of today has room there.
+/// Places are those of the content: the toolkit doesn't know the frame of a hidden window.
+void PlaceOnScreen(QWidget& widget, const Control& window)
 {
-    const QPoint corner(ToPixels(widget, window.Left), ToPixels(widget, window.Top));
-    const QScreen* screen = QGuiApplication::screenAt(corner);
+    QRect place(ToPixels(widget, window.Left), ToPixels(widget, window.Top), ToPixels(widget, window.Width),
+                ToPixels(widget, window.Height));
+    const QScreen* screen = QGuiApplication::screenAt(place.center());
     if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-    const QRect work = screen->availableGeometry();
-    // The frame around the window is known once it has been shown.
-    const int title = std::max(widget.frameGeometry().height() - widget.height(),
-                               widget.style()->pixelMetric(QStyle::PM_TitleBarHeight));
-    const int right = work.right() + 1 - widget.width(), bottom = work.bottom() + 1 - widget.height() - title;
-    widget.move(std::max(work.left(), std::min(corner.x(), right)),
-                std::max(work.top(), std::min(corner.y(), bottom)));
+    // What a window system commonly puts around a window, in pixels.
+    constexpr int Border = 4;
+    const int title = widget.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect work = screen->availableGeometry().adjusted(0, title, -Border, -Border);
+    place.moveLeft(std::max(work.left(), std::min(place.left(), work.right() + 1 - place.width())));
+    place.moveTop(std::max(work.top(), std::min(place.top(), work.bottom() + 1 - place.height())));
+    widget.setGeometry(place);
+}
+
+/// The user has moved a window.
+void TakePlace(const QWidget& widget, Control& window)
+{
+    window.Left = ToTwips(widget, widget.geometry().x());
+    window.Top = ToTwips(widget, widget.geometry().y());
 }
 
 } // namespace
@@ -287,8 +296,11 @@ void DrawFrame::PushSize()
     if (Drawing.Maximized || Drawing.Minimized) return;
     const Control& window = frmDraw.Window;
     const QSize size(ToPixels(*this, window.Width), ToPixels(*this, window.Height));
-    if (this->size() != size) resize(size);
-    if (!isVisible() && window.Visible) MoveOnScreen(*this, window);
+    if (!isVisible() && window.Visible) {
+        PlaceOnScreen(*this, window);
+    } else if (this->size() != size) {
+        resize(size);
+    }
 }
 
 void DrawFrame::TakeSize()
@@ -320,8 +332,7 @@ void DrawFrame::moveEvent(QMoveEvent* event)
 {
     QWidget::moveEvent(event);
     if (!isVisible() || isMinimized()) return;
-    frmDraw.Window.Left = ToTwips(*this, x());
-    frmDraw.Window.Top = ToTwips(*this, y());
+    TakePlace(*this, frmDraw.Window);
 }
 
 void DrawFrame::changeEvent(QEvent* event)
@@ -364,11 +375,7 @@ void ProgramFrame::Render()
 {
     setWindowTitle(QString::fromStdString(frmProgramWindow.Window.Text));
     const bool shown = frmProgramWindow.Window.Visible && frmDraw.Window.Visible;
-    if (shown && !isVisible()) {
-        const Control& window = frmProgramWindow.Window;
-        resize(ToPixels(*this, window.Width), ToPixels(*this, window.Height));
-        MoveOnScreen(*this, window);
-    }
+    if (shown && !isVisible()) PlaceOnScreen(*this, frmProgramWindow.Window);
     QWidget* const list = Events.Widgets.Of(frmProgramWindow.lstCncLines);
     const int head = fontMetrics().height() + 8;
     list->setGeometry(4, head, width() - 8, height() - head - 4);
@@ -418,9 +425,7 @@ void ProgramFrame::resizeEvent(QResizeEvent* event)
 void ProgramFrame::moveEvent(QMoveEvent* event)
 {
     QWidget::moveEvent(event);
-    if (!isVisible()) return;
-    frmProgramWindow.Window.Left = ToTwips(*this, x());
-    frmProgramWindow.Window.Top = ToTwips(*this, y());
+    if (isVisible()) TakePlace(*this, frmProgramWindow.Window);
 }
 
 void ProgramFrame::closeEvent(QCloseEvent* event)

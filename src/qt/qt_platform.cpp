@@ -84,6 +84,16 @@ QString EndingOf(const std::string& filter)
     return ending.contains('*') ? QString() : ending;
 }
 
+/// A kind of file that is chosen in a save dialog gives the name its ending.
+void FollowFilter(QFileDialog& dialog, const QString& filter)
+{
+    const QString ending = filter.section("*.", 1, 1).section(' ', 0, 0).remove(')');
+    const QString before = dialog.defaultSuffix(), name = dialog.selectedFiles().value(0);
+    if (ending.isEmpty() || ending.contains('*')) return;
+    dialog.setDefaultSuffix(ending);
+    if (name.endsWith("." + before)) dialog.selectFile(name.chopped(before.size()) + ending);
+}
+
 } // namespace
 
 Answer QtPlatform::Show(const MessageBox& box)
@@ -118,7 +128,11 @@ std::optional<std::string> QtPlatform::AskForFile(const FileDialog& dialog)
     shown.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     shown.setOption(QFileDialog::DontConfirmOverwrite, !dialog.AsksBeforeReplacing);
     shown.setNameFilters(FiltersOf(dialog.Filter).split(";;"));
-    if (!open) shown.setDefaultSuffix(EndingOf(dialog.Filter));
+    if (!open) {
+        shown.setDefaultSuffix(EndingOf(dialog.Filter));
+        QObject::connect(&shown, &QFileDialog::filterSelected, &shown,
+                         [&shown](const QString& filter) { FollowFilter(shown, filter); });
+    }
     shown.setDirectory(dialog.Folder.empty()
                            ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
                            : QString::fromStdString(dialog.Folder));

@@ -156,6 +156,18 @@ TEST(View, BoxesOfTheMillHoldEachOther)
     EXPECT_EQ(Shared.DrawBoxes.ToolWidth, 1);
     SetCheck(frmDraw.chkFillCycles, true);
     EXPECT_EQ(frmDraw.chkFillCycles.Value, 0);
+    // What was chosen on a lathe stays chosen, and so does the mill's view.
+    Shared.DrawBoxes.FillCycles = 1;
+    SetCheck(frmDraw.chkGrid, true);
+    frmDraw_Activate();
+    EXPECT_EQ(frmDraw.chkFillCycles.Value, 0);
+    EXPECT_EQ(Shared.DrawBoxes.FillCycles, 1);
+    Shared.Machine = MachineKind::MK4;
+    const int drawings = Picture.Generation();
+    SetCheck(frmDraw.chkAutoRedraw, true);
+    frmDraw_Activate();
+    EXPECT_EQ(frmDraw.chkFillCycles.Value, 1);
+    EXPECT_EQ(Picture.Generation(), drawings + 2) << "the box was drawn when it came back";
 }
 
 TEST(View, BoxesDrawAtOnceWhereTheyShow)

@@ -144,6 +144,32 @@ TEST(DrawWindow, MarksThatADrawingHasErasedDontComeBack)
     EXPECT_EQ(Picture.Operations().size(), before);
 }
 
+TEST(DrawWindow, EscapeLeavesWhatGoesOn)
+{
+    struct Case {
+        const char* Name;
+        const char* Script;
+        size_t Marks;
+    };
+    // A mark is drawn by two lines and erased by the same two.
+    const Case cases[] = {
+        {"one point", "{CANVAS 1200 1400}{MOVE 1300 1300}{ESC}", 2 * 2},
+        {"both points", "{CANVAS 1200 1400}{CANVAS 1800 2200}{MOVE 1300 1300}{ESC}", 4 * 2},
+        {"the choice of a zero point", "{CLICK cmdZeroPoint}{ESC}", 0},
+        {"nothing", "{ESC}{ESC}", 0},
+    };
+    for (const Case& test : cases) {
+        OpenDrawing("");
+        const int figures = Picture.FigureCount();
+        RunKeyScript(test.Script);
+        EXPECT_EQ(Picture.FigureCount(), figures + static_cast<int>(test.Marks)) << test.Name;
+        EXPECT_FALSE(Drawing.MeasureStarted || Drawing.PickingZeroPoint || Drawing.Crosshair) << test.Name;
+        EXPECT_TRUE(frmDraw.frView.Visible && frmDraw.cmdRedraw.Enabled) << test.Name;
+        EXPECT_EQ(Drawing.ZeroPointX, 1000) << test.Name;
+        EXPECT_TRUE(frmDraw.Window.Visible) << test.Name;
+    }
+}
+
 TEST(DrawWindow, FrameAndZeroPoint)
 {
     OpenDrawing("{DRAG frControls 4000 3000}");
@@ -195,6 +221,10 @@ TEST(DrawWindow, ClosingAndFollowing)
         "{CHECK chkAutoRedraw}{ACTIVATE frmMain}{ROW 6}{INSERT}{ROW 6}00{ENTER}600{ENTER}-600{ENTER}{ENTER}");
     EXPECT_EQ(Lines(), 6U) << "the drawing follows the edited line";
     EXPECT_EQ(&ActiveWindow(), &frmMain.Window);
+    const auto wrong = RunKeyScript(
+        "{CHECK frmDraw.chkProgramWindow}{ACTIVATE frmMain}{ROW 2}00{ENTER}10{ENTER}-10{ENTER}{ENTER}");
+    ASSERT_FALSE(wrong.has_value()) << *wrong;
+    EXPECT_EQ(frmProgramWindow.lstCncLines.Index, lvCncProgram.Selected - 1) << "not the end of the walk";
     RunKeyScript("{MENU mnuHelpText}{ACTIVATE frmDraw}");
     EXPECT_TRUE(Shared.ControlsEnabled) << "no locked window is left behind";
 }

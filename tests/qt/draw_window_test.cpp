@@ -23,10 +23,13 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
 #include <QScreen>
 #include <QTest>
+#include <QTimer>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
@@ -94,12 +97,15 @@ protected:
         QApplication::sendEvent(Canvas(), &wheel);
     }
     /// Chooses an item of a combo box in its popup.
+    static void PickIn(QComboBox& combo, int index)
+    {
+        combo.showPopup();
+        combo.view()->setCurrentIndex(combo.model()->index(index, 0));
+        QTest::keyClick(combo.view(), Qt::Key_Enter);
+    }
     void Pick(const Control& control, int index)
     {
-        auto* const combo = Events.Widgets.As<QComboBox>(control);
-        combo->showPopup();
-        combo->view()->setCurrentIndex(combo->model()->index(index, 0));
-        QTest::keyClick(combo->view(), Qt::Key_Enter);
+        PickIn(*Events.Widgets.As<QComboBox>(control), index);
         Draw->activateWindow(); // a window system does that behind a popup
         ASSERT_TRUE(QTest::qWaitForWindowActive(Draw.get()));
     }
@@ -197,11 +203,10 @@ TEST_F(DrawingWindow, ScaleByTheListAndByTheWheel)
     for (int i = 0; i < 9; ++i) Turn(120, {790, 590});
     EXPECT_EQ(frmDraw.cboScale.Index, 9) << "no further";
     EXPECT_LT(Drawing.ZeroPointX, 0);
-    EXPECT_EQ(Picture.Operations().back().Is, Operation::Kind::SetForeColor);
-    // What was left of the pointer is now beyond the left edge, and not in the middle of the window.
+    EXPECT_EQ(FiguresOfLine(1).at(0).At[0], static_cast<float>(Drawing.ZeroPointX)) << "drawn there too";
     Move(790, 590);
-    const double right = (790 * 15 - Drawing.ZeroPointX) / Shared.DrawScale;
-    EXPECT_NEAR(right, (790 - 400) * 15 / 2.0, 1);
+    const double across = (790 * 15 - Drawing.ZeroPointX) / Shared.DrawScale;
+    EXPECT_NEAR(across, (790 - 400) * 15 / 2.0, 1) << "the place under the pointer stays";
 
     // A fit below the list: the wheel grows into the list from there.
     Events.Run([] {
@@ -295,6 +300,14 @@ TEST_F(DrawingWindow, ADoubleClickSelectsTheLine)
     EXPECT_FALSE(Drawing.MeasureStarted);
     EXPECT_TRUE(WidgetOf(frmDraw.frView)->isVisible());
     EXPECT_NE(Shown(), before) << "the line is marked";
+    // In a measurement its second point alone.
+    ClickCanvas(420, 300);
+    QTest::mouseClick(Canvas(), Qt::LeftButton, {}, onSecond);
+    QTest::mouseDClick(Canvas(), Qt::LeftButton, {}, onSecond);
+    EXPECT_TRUE(Drawing.MeasureStarted && !Drawing.MeasureDone);
+    Move(460, 330);
+    EXPECT_EQ(frmDraw.lblMeasureDistance.Text, "187");
+    SendKeys("{ESC}");
     // Beside all figures the clicks are two points.
     QTest::mouseClick(Canvas(), Qt::RightButton, {}, {600, 300});
     QTest::mouseDClick(Canvas(), Qt::RightButton, {}, {600, 300});
@@ -333,13 +346,12 @@ TEST_F(DrawingWindow, StepsPausesAndProgramLines)
     EXPECT_EQ(Drawn(), 3U);
 
     // The window stays where it is put and as large as it was made.
-    Lines->move(30, 40);
-    Lines->resize(600, 250);
+    Lines->setGeometry(30, 40, 600, 250);
     Lines->close();
     EXPECT_FALSE(Lines->isVisible());
     Pick(frmDraw.cboRun, 0);
     EXPECT_TRUE(Lines->isVisible());
-    EXPECT_EQ(Lines->pos(), QPoint(30, 40));
+    EXPECT_EQ(Lines->geometry().topLeft(), QPoint(30, 40));
     EXPECT_EQ(Lines->size(), QSize(600, 250));
 }
 
@@ -438,4 +450,34 @@ TEST_F(DrawingWindow, ThePictureIsSaved)
     Desk.Files.push_back(folder / "a.gif");
     Click(frmDraw.cmdSavePicture);
     EXPECT_EQ(Desk.Boxes.size(), 1U);
+
+    // The kind that is chosen in the dialog gives the proposed name its ending.
+    QtPlatform platform;
+    QTimer::singleShot(0, [&] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        PickIn(*dialog->findChild<QComboBox*>("fileTypeCombo"), 1);
+        QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Enter);
+        if (dialog->isVisible()) dialog->reject();
+    });
+    const auto chosen = platform.AskForFile(
+        {FileDialog::Purpose::Save, "b.svg", "SVG picture|*.svg|PNG picture|*.png|", folder / ""});
+    EXPECT_EQ(chosen.value_or("cancelled"), folder / "b.png");
+}
+
+TEST_F(DrawingWindow, ALongWalkIsAborted)
+{
+    // 8,000 passes through two moves by three levels of calls, with a look at the events every 10 ms.
+    Enter("20*G25 L21 / M30 / 20*G25 L42 / M17 / 20*G25 L63 / M17 / G00 X10 Z10 / G00 X-10 Z-10 / M17");
+    Drawing.YieldAfter = 10;
+    Click(frmDraw.cmdRedraw);
+    ASSERT_TRUE(Drawing.DrawingNow) << "events are let through";
+    EXPECT_TRUE(WidgetOf(frmDraw.cmdAbort)->isVisible());
+    Click(frmDraw.cmdAbort);
+    EXPECT_FALSE(Drawing.DrawingNow);
+    const int aborted = Picture.FigureCount();
+    EXPECT_LT(aborted, 16000);
+    Click(frmDraw.cmdRedraw);
+    for (int i = 0; i < 100000 && Drawing.DrawingNow; ++i) QApplication::processEvents();
+    EXPECT_FALSE(Drawing.DrawingNow);
+    EXPECT_GT(Picture.FigureCount(), 16000);
 }
