@@ -173,6 +173,7 @@ const Case Sending[] = {
     {"a stopped program is not called sent", COM "{MENU mnuTX}{LINES 1}{CLICK cmdStop}", "lblTransfer",
      "The program was sent in part only: 2 of 6 lines sent"},
     {"a whole one is", COM "{MENU mnuTX}", "lblTransfer", "6 of 6 lines sent"},
+    {"as long as it is there", COM "{MENU mnuTX}{LINES 6}{MENU mnuNew}", "lblTransfer", ""},
     {"the selection comes back", COM "{ROW 2}{MENU mnuTX}", "selected", "2"},
     {"and the editor", COM "{MENU mnuTX}", "locked", "no"},
     {"a pulled cable: one message",
