@@ -165,8 +165,9 @@ void LayOutButtons(const ControlWidgets& widgets)
     BoxIn(Of(widgets, main.frCmdEditor1), QBoxLayout::LeftToRight)->addWidget(Of(widgets, main.cmdInsert));
     BoxIn(Of(widgets, main.frCmdEditor2), QBoxLayout::LeftToRight)->addWidget(Of(widgets, main.cmdDelete));
     QBoxLayout* const run = BoxIn(Of(widgets, main.frCmdEditor3), QBoxLayout::LeftToRight);
-    for (const Control* button : {&main.cmdRun, &main.cmdStep, &main.cmdStop})
-        run->addWidget(Of(widgets, *button));
+    // The word for Run is the longest in some languages.
+    run->addWidget(Of(widgets, main.cmdRun), 12);
+    for (const Control* button : {&main.cmdStep, &main.cmdStop}) run->addWidget(Of(widgets, *button), 10);
     for (const Control* button :
          {&main.cmdInsert, &main.cmdDelete, &main.cmdRun, &main.cmdStep, &main.cmdStop}) {
         Of(widgets, *button)->setMinimumWidth(0);

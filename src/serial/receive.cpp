@@ -124,6 +124,7 @@ void cmdReceiveSave_Click()
     FileDialog dialog{FileDialog::Purpose::Save, "", ProgramFileFilter, ""};
     dialog.AsksBeforeReplacing = true;
     const std::string path = ThePlatform->AskForFile(dialog).value_or("");
+    if (!path.empty()) Shared.DialogFile = path;
     if (path.empty()) {
         ShowMessage(TextOf(Messages::NoFile));
         return;
@@ -220,6 +221,5 @@ std::string ReceptionText()
 void ShowReception()
 {
     if (!frmMain.frRXcode.Visible) return;
-    frmMain.cmdReceiveLast.Text = Tr("Last received text");
     frmMain.cmdReceiveLast.Visible = frmMain.txtRX.Text.empty() && FileExists(KeptFile());
 }
