@@ -288,7 +288,7 @@ private:
         ++Count;
         if (Given.DataBits == 7) c = static_cast<char>(c & 0x7F);
         if (Count == Given.StallAt) {
-            std::this_thread::sleep_for(Seconds(Given.StallSeconds));
+            StandStill();
             Free = Clock::now();
         }
         if (Count == Given.TalkAt) SendMemory();
@@ -297,6 +297,17 @@ private:
         if (Given.Garble > 0 && Count % Given.Garble == 0) c = static_cast<char>(c ^ 0x15);
         Store(c);
         return true;
+    }
+
+    /// Takes nothing for a while. A pair would go on to keep what comes, so its other end is held too.
+    void StandStill() const
+    {
+        const int other = Given.Port.empty() ? ::open(::ptsname(Line), O_RDWR | O_NOCTTY) : -1;
+        if (other >= 0) ::tcflow(other, TCOOFF);
+        std::this_thread::sleep_for(Seconds(Given.StallSeconds));
+        if (other < 0) return;
+        ::tcflow(other, TCOON);
+        ::close(other);
     }
 
     void Store(char c)

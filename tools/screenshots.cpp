@@ -11,8 +11,11 @@
 #include "core/main_window.h"
 #include "core/program_list.h"
 #include "drawing/measure.h"
+#include "platform/recording_port.h"
 #include "qt/draw_frame.h"
 #include "qt/main_frame.h"
+#include "serial/receive.h"
+#include "serial/setup.h"
 #include "ui/choice.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
@@ -23,6 +26,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -67,6 +71,34 @@ void OpenDrawing(const char* name, std::initializer_list<Control*> boxes)
     ChooseMenu(frmMain.mnuDraw);
     for (Control* box : boxes) ClickControl(*box);
     ClickControl(frmDraw.cmdRedraw);
+}
+
+RecordingPort& TheRecorder()
+{
+    return *static_cast<RecordingPort*>(ThePort); // no front end has set another
+}
+
+constexpr const char* FromTheMachine =
+    "%\r\n    N` G`   X `   Z `  F`  H\r\n    00 21\r\n    01M30\r\n   M\r\n";
+
+void EnableCommunication()
+{
+    ThePort->OnEvent = MSComm1_OnComm;
+    SetCheck(frmMain.chkEnableCom, true);
+    LeaveSettings();
+    tmr1sec_Timer();
+}
+
+/// A program with messages goes out and has come to a line.
+void Transmit(int lines)
+{
+    Open("mk4-mistakes.cnc");
+    EnableCommunication();
+    ChooseMenu(frmMain.mnuTX);
+    for (int i = 0; i < lines; ++i) {
+        AfterEvent();
+        TheRecorder().Leave();
+    }
 }
 
 struct State {
@@ -211,13 +243,23 @@ const State States[] = {
          frmDraw_MouseMove(10500, 7500);
      },
      true},
+    {"transmission", [] { Transmit(6); }},
+    {"transmission-receiving",
+     [] {
+         Transmit(6);
+         TheRecorder().Receive(FromTheMachine);
+     }},
     {"reception",
      [] {
-         ControlsEnable(false);
-         for (Control* frame : {&frmMain.frCmdEditor1, &frmMain.frCmdEditor2, &frmMain.frCmdEditor3})
-             frame->Visible = false;
-         frmMain.frRXcode.Visible = frmMain.frCmdRX.Visible = true;
-         frmMain.txtRX.Text = "%\r\n    N` G`   X `   Z `  F`  H\r\n    00 21\r\n    01M30\r\n   M\r\n";
+         EnableCommunication();
+         TheRecorder().Receive(FromTheMachine);
+     }},
+    {"reception-empty",
+     [] {
+         EnableCommunication();
+         TheRecorder().Receive(FromTheMachine);
+         ClickControl(frmMain.cmdReceiveExit);
+         ChooseMenu(frmMain.mnuRX);
      }},
 };
 
@@ -288,6 +330,9 @@ bool Draw(Desktop& desktop, MainFrame& window, QWidget& drawing, QWidget& lines,
 
 int main(int argc, char** argv)
 {
+    // What the states leave is not the user's.
+    const QTemporaryDir user;
+    qputenv("XDG_DATA_HOME", user.path().toUtf8());
     QApplication application(argc, argv);
     if (argc < 3) return 2;
     const QDir folder(argv[1]);

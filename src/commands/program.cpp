@@ -53,7 +53,8 @@ void ClearProgram_Click()
     }
     lvCncProgram.Rows.clear();
     lvCncProgram.Selected = 0;
-    for (Control* text : {&frmMain.txtGMcode, &frmMain.txtComment, &frmMain.txtFileNotes, &frmMain.lblPath}) {
+    for (Control* text : {&frmMain.txtGMcode, &frmMain.txtComment, &frmMain.txtFileNotes, &frmMain.lblPath,
+                          &frmMain.lblTransfer}) {
         text->Text.clear();
     }
     for (Control* list : {&frmMain.lstMK2Gcodes, &frmMain.lstMK4Gcodes, &frmMain.lstMK4Mcodes,

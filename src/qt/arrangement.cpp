@@ -392,9 +392,13 @@ void PlaceTop(const ControlWidgets& widgets, const QWidget& content)
     const int viewEnd = ToPixels(content, main.lstMK4Gcodes.Left);
     Put(widgets, main.frSetReplace, {setLeft + Gap, 4, viewLeft - setLeft - Space, paneHeight - 2});
     Put(widgets, main.frView, {viewLeft + Gap, 4, viewEnd - viewLeft - Space, paneHeight - 2});
-    // A transfer that has something to say takes the right half of the path's row.
+    // A transfer that has something to say takes what it needs of the path's row, up to the path's caption.
     const int pathWidth = ToPixels(content, main.frControlPanel.Width) - 2 * Space;
-    const int transferWidth = main.lblTransfer.Text.empty() ? 0 : pathWidth / 2;
+    const QWidget& transfer = *widgets.Of(main.lblTransfer);
+    const int needed =
+        transfer.fontMetrics().horizontalAdvance(QString::fromStdString(main.lblTransfer.Text)) + 2 * Space;
+    const int transferWidth =
+        main.lblTransfer.Text.empty() ? 0 : std::clamp(needed, pathWidth / 2, pathWidth * 4 / 5);
     const int pathTop = listTop - pathHeight;
     Put(widgets, main.frControlPanel, {Space + 2, pathTop, pathWidth - transferWidth, pathHeight});
     Put(widgets, main.lblTransfer,
@@ -443,7 +447,11 @@ void PlaceBottom(const ControlWidgets& widgets, const QWidget& content)
         Put(widgets, main.frAxesProperties, {right - axesWidth, top, axesWidth, height});
         right -= axesWidth + Space;
     }
-    if (main.frProgramProperties.Visible) {
+    // The buttons of a reception need the room of the figures beside Stop.
+    const bool sendsAndReceives = Shared.Transmitting && main.frRXcode.Visible;
+    const bool figures = main.frProgramProperties.Visible && !sendsAndReceives;
+    widgets.Of(main.frProgramProperties)->setVisible(figures);
+    if (figures) {
         Put(widgets, main.frProgramProperties, {right - figuresWidth, top, figuresWidth, height});
         right -= figuresWidth + Space;
     }
@@ -455,7 +463,7 @@ void PlaceBottom(const ControlWidgets& widgets, const QWidget& content)
             {buttonsLeft, top + i * (third + Gap), buttonsWidth, i < 2 ? third : height - 2 * (third + Gap)});
     // The buttons of the reception have long captions: they reach over the entry, which is locked then, and
     // over the buttons beside it unless a transmission needs its Stop.
-    const int receiveEnd = Shared.Transmitting ? buttonsLeft - Space : right;
+    const int receiveEnd = sendsAndReceives ? buttonsLeft - Space : right;
     Put(widgets, main.frCmdRX, QRect(QPoint(Space, top), QPoint(receiveEnd - 1, bottom - 1)));
     Put(widgets, main.frEntry, QRect(QPoint(Space, top), QPoint(buttonsLeft - Space - 1, bottom - 1)));
     // Behind a run Stop has nothing to do; its room belongs to the other buttons.

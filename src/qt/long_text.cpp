@@ -46,12 +46,14 @@ void LongText::Show(const std::string& text)
     if (same && text.starts_with(Shown) && !Shown.empty()) {
         std::string_view added = std::string_view(text).substr(Shown.size());
         // The second half of a line end that is shown already.
+        Count += static_cast<int>(CharacterCount(added));
         if (Shown.ends_with('\r') && added.starts_with('\n')) added.remove_prefix(1);
         Append(added);
         if (textCursor().position() == End()) ensureCursorVisible();
     } else {
         clear();
         Append(text);
+        Count = static_cast<int>(CharacterCount(text));
         moveCursor(QTextCursor::Start);
     }
     document()->clearUndoRedoStacks();
@@ -87,6 +89,7 @@ const std::string& LongText::Text()
     QString text = toPlainText();
     text.remove(QString(Mark) + '\n').remove(Mark).replace('\n', "\r\n");
     Shown = text.toStdString();
+    Count = static_cast<int>(CharacterCount(Shown));
     Revision = document()->revision();
     return Shown;
 }
@@ -94,7 +97,7 @@ const std::string& LongText::Text()
 int LongText::CharactersAt(int position)
 {
     std::string_view rest = Text();
-    if (position >= End()) return static_cast<int>(CharacterCount(rest));
+    if (position >= End()) return Count;
     int characters = 0;
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
         const QString line = block.text();
@@ -110,7 +113,7 @@ int LongText::CharactersAt(int position)
 int LongText::PositionAt(int characters)
 {
     std::string_view rest = Text();
-    if (static_cast<size_t>(characters) >= CharacterCount(rest)) return End();
+    if (characters >= Count) return End();
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
         const QString line = block.text();
         const int count = CountIn(line);

@@ -23,7 +23,8 @@ public:
     /// The text as it was given; its lines end in CR LF once the user has changed it.
     const std::string& Text();
 
-    /// The way of a position in the document to one in the text, which counts characters, and back.
+    /// The way of a position in the document to one in the text, which counts characters, and back; what lies
+    /// behind the end is the end.
     int CharactersAt(int position);
     int PositionAt(int characters);
 
@@ -32,6 +33,8 @@ private:
     int End() const { return document()->characterCount() - 1; }
 
     std::string Shown;
+    /// Its characters.
+    int Count = 0;
     /// The document's revision that shows it.
     int Revision = -1;
 };

@@ -3,6 +3,7 @@
 #include <QSerialPortInfo>
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <grp.h>
 #include <sys/ioctl.h>
@@ -63,7 +64,7 @@ SerialPort::SerialPort(std::string device) : Fixed(std::move(device))
         case QSerialPort::OpenError:
         case QSerialPort::NotOpenError: break;
         default:
-            if (Device.isOpen()) Lose();
+            if (Device.isOpen() && !(Writing && Device.errorString() == qt_error_string(EAGAIN))) Lose();
         }
     });
 }
@@ -157,11 +158,15 @@ std::optional<PortFailure> SerialPort::Write(std::string_view bytes)
 {
     if (!Device.isOpen()) return Last.Number != 0 ? Last : PortFailure{NotOpen};
     const auto count = static_cast<qint64>(bytes.size());
-    if (Device.write(bytes.data(), count) != count) {
+    // A port that stands still refuses bytes; they are kept and go when it goes on.
+    Writing = true;
+    const qint64 taken = Device.write(bytes.data(), count);
+    if (taken == count) Device.flush();
+    Writing = false;
+    if (taken != count) {
         if (Device.isOpen()) Lose();
         return Last;
     }
-    Device.flush();
     if (!Device.isOpen()) return Last; // the first error closed it
     Pace.Add(bytes.size(), Clock::now());
     ToldRoom = ToldEmpty = false;

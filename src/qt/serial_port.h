@@ -48,6 +48,8 @@ private:
     PortFailure Last;
     /// The program was told of room and of an empty port, of characters that it hasn't read.
     bool ToldRoom = true, ToldEmpty = true, ToldReceived = false;
+    /// Bytes are being handed to the system.
+    bool Writing = false;
     /// Counts openings: what is under way from an earlier one is no news.
     unsigned Opening = 0;
 };

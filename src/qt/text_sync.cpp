@@ -67,18 +67,17 @@ void PushText(QWidget& widget, const Control& record)
 
 void PushSelection(QWidget& widget, const Control& record)
 {
-    Control clamped = record;
-    ClampSelection(clamped);
     if (auto* const box = dynamic_cast<LongText*>(&widget)) {
-        const int start = box->PositionAt(clamped.SelStart);
-        const int end =
-            clamped.SelLength == 0 ? start : box->PositionAt(clamped.SelStart + clamped.SelLength);
+        const int start = box->PositionAt(record.SelStart);
+        const int end = record.SelLength == 0 ? start : box->PositionAt(record.SelStart + record.SelLength);
         QTextCursor cursor = box->textCursor();
         if (cursor.selectionStart() == start && cursor.selectionEnd() == end) return;
         cursor.setPosition(start);
         cursor.setPosition(end, QTextCursor::KeepAnchor);
         box->setTextCursor(cursor);
     } else if (QLineEdit* const line = LineOf(widget); line != nullptr) {
+        Control clamped = record;
+        ClampSelection(clamped);
         const int start = UnitsOf(line->text(), clamped.SelStart);
         const int end = UnitsOf(line->text(), clamped.SelStart + clamped.SelLength);
         if (start == end) {

@@ -221,6 +221,5 @@ std::string ReceptionText()
 void ShowReception()
 {
     if (!frmMain.frRXcode.Visible) return;
-    frmMain.cmdReceiveLast.Text = Tr("Last received text");
     frmMain.cmdReceiveLast.Visible = frmMain.txtRX.Text.empty() && FileExists(KeptFile());
 }

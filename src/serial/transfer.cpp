@@ -34,7 +34,7 @@ void ShowTransfer()
     ShowReception();
     const bool receiving = frmMain.frRXcode.Visible && !frmMain.txtRX.Text.empty();
     std::string& shown = frmMain.lblTransfer.Text;
-    if (Shared.Transmitting) shown = TransmissionText() + (receiving ? "; " + ReceptionText() : "");
+    if (Shared.Transmitting) shown = (receiving ? ReceptionText() + "; " : "") + TransmissionText();
     if (!Shared.Transmitting && receiving) shown = ReceptionText();
 }
 

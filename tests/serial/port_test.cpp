@@ -242,6 +242,30 @@ TEST_F(RealPort, StopsWithTheMarkAndNothingBehind)
     }
 }
 
+TEST_F(RealPort, IsLeftWhileItStandsStill)
+{
+    const std::string file = Work.Put("long.cnc", RandomFile("MK4 mm", 4));
+    for (const bool twice : {false, true}) {
+        const Machine machine("--line 9600,N,8,1 --stall 100,2");
+        const Process cli = Cli("send " + file + " --line 9600,N,8,1", machine.Device, Work / "cli");
+        cli.AwaitText("4 of");
+        std::this_thread::sleep_for(500ms);
+        cli.Interrupt();
+        const auto then = std::chrono::steady_clock::now();
+        if (twice) {
+            std::this_thread::sleep_for(100ms);
+            cli.Interrupt();
+        }
+        // The stop mark waits for the port; a second interrupt waits for nothing.
+        EXPECT_EQ(cli.Wait(), 2);
+        const auto took = std::chrono::steady_clock::now() - then;
+        EXPECT_LT(took, twice ? 1s : 10s);
+        EXPECT_EQ(LastWords(cli).find("is gone"), std::string::npos) << LastWords(cli);
+        const int status = machine.Wait();
+        EXPECT_TRUE(twice || status == 3) << machine.Report();
+    }
+}
+
 TEST_F(RealPort, LosesNoByteOfAStream)
 {
     std::string garbage, rest;

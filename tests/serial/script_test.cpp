@@ -173,6 +173,7 @@ const Case Sending[] = {
     {"a stopped program is not called sent", COM "{MENU mnuTX}{LINES 1}{CLICK cmdStop}", "lblTransfer",
      "The program was sent in part only: 2 of 6 lines sent"},
     {"a whole one is", COM "{MENU mnuTX}", "lblTransfer", "6 of 6 lines sent"},
+    {"as long as it is there", COM "{MENU mnuTX}{LINES 6}{MENU mnuNew}", "lblTransfer", ""},
     {"the selection comes back", COM "{ROW 2}{MENU mnuTX}", "selected", "2"},
     {"and the editor", COM "{MENU mnuTX}", "locked", "no"},
     {"a pulled cable: one message",
@@ -316,7 +317,8 @@ TEST_F(Transmission, LeavesStopInReachBesideAReception)
     AfterEvent();
     EXPECT_TRUE(frmMain.frRXcode.Visible);
     EXPECT_TRUE(IsUsable(frmMain.cmdStop));
-    EXPECT_TRUE(Look("lblTransfer").ends_with("; 1 lines received"));
+    EXPECT_TRUE(Look("lblTransfer").starts_with("1 lines received; 0 of 6 lines sent"))
+        << Look("lblTransfer");
     for (int i = 0; i < 6; ++i) LineLeaves();
     EXPECT_FALSE(IsUsable(frmMain.cmdStop));
     EXPECT_EQ(Look("lblTransfer"), "1 lines received");
