@@ -100,6 +100,19 @@ TEST(ListingPages, TheFontShrinksToTheWidestLineAndNoFurther)
     }
 }
 
+TEST(ListingPages, ANoteThatMustWrapAnywayLeavesTheFontAlone)
+{
+    // On MK2 the header may be all blanks.
+    for (const char* header : {"  N  Comment", "                              "}) {
+        const std::string table = std::string("\r\n\r\n") + header + "\r\n" + std::string(86, 'x') + "\r\n";
+        PrintJob job = JobOf(std::string(142, 'n') + table);
+        job.Header = header;
+        EXPECT_EQ(ListingPoints(job, Portrait.Width, Letters), 9.5);
+        job.Items[0].Text = std::string(141, 'n') + table;
+        EXPECT_EQ(ListingPoints(job, Portrait.Width, Letters), 6) << "a note that can be had on one line";
+    }
+}
+
 TEST(ListingPages, ALongPathWrapsAndLeavesTheFontAlone)
 {
     PrintJob job = JobOf("00 01\r\n");
