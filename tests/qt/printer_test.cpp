@@ -6,8 +6,10 @@
 #include "qt/printer.h"
 #include "support/program.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
@@ -16,6 +18,7 @@
 #include <QSpinBox>
 #include <QTest>
 #include <QTimer>
+#include <csignal>
 #include <gtest/gtest.h>
 
 namespace {
@@ -115,7 +118,7 @@ TEST_F(Printers, ThePreviewShowsEveryPageAndPrintsNothingByItself)
     EXPECT_TRUE(Desk.Boxes.empty());
 }
 
-TEST_F(Queue, EachCopyIsAJobOfItsOwn)
+TEST_F(Queue, TakesEachCopyAsAJob)
 {
     ASSERT_FALSE(OnDesk.MakesFiles());
     WhenUp("printDialog", [](QDialog& dialog) {
@@ -125,6 +128,32 @@ TEST_F(Queue, EachCopyIsAJobOfItsOwn)
     cmdPrinterDialog_Click();
     EXPECT_EQ(OnDesk.Copies(), 2);
     PrintDirect();
+
+    // From the preview: its print button brings up the dialog, and the job is printed once.
+    WhenUp("printPreview", [](QDialog& preview) {
+        WhenUp("", [](QDialog& dialog) {
+            EXPECT_EQ(dialog.findChild<QSpinBox*>("copies")->value(), 2);
+            dialog.findChild<QSpinBox*>("copies")->setValue(1);
+            dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        });
+        for (QAction* action : preview.findChildren<QAction*>()) {
+            if (action->text() == "Print") action->trigger();
+        }
+    });
+    mnuPrint_Click();
+    EXPECT_EQ(OnDesk.Copies(), 1);
     EXPECT_TRUE(Desk.Boxes.empty());
     EXPECT_TRUE(Desk.Dialogs.empty());
+}
+
+TEST_F(Queue, ThatIsGoneIsTold)
+{
+    const int server = qEnvironmentVariableIntValue("PRINT_SERVER");
+    ASSERT_GT(server, 0);
+    ASSERT_FALSE(OnDesk.MakesFiles());
+    ASSERT_EQ(::kill(server, SIGTERM), 0);
+    while (QFileInfo::exists(qEnvironmentVariable("CUPS_SERVER"))) QTest::qWait(10);
+    PrintDirect();
+    ASSERT_EQ(Desk.Boxes.size(), 1u);
+    EXPECT_EQ(Desk.Boxes[0].Box.Text, "Printing failed: the printer is not there any more");
 }
