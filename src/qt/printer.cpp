@@ -1,6 +1,7 @@
 #include "qt/printer.h"
 
 #include "core/app_data.h"
+#include "core/main_window.h"
 #include "core/messages.h"
 #include "platform/files.h"
 #include "platform/platform.h"
@@ -32,6 +33,8 @@ bool ShowPreview(QPrinter& device, const PrintJob& job)
 {
     QPrintPreviewDialog dialog(&device, QApplication::activeWindow());
     dialog.setObjectName("printPreview");
+    const QString command = QString::fromStdString(frmMain.mnuPrint.Text).remove('&');
+    dialog.setWindowTitle(job.Name.empty() ? command : command + ": " + QString::fromStdString(job.Name));
     dialog.resize(900, 760);
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&job](QPrinter* on) {
         if (IsPreview(*on)) PaintJob(job, *on);

@@ -1,5 +1,6 @@
 // Printing from the console: the PDF files as their text tells, and the record of a key script.
 
+#include "cli/commands.h"
 #include "core/text.h"
 #include "support/program.h"
 
@@ -49,33 +50,42 @@ bool HasPdfToText()
     return std::system("pdftotext -v >/dev/null 2>&1") == 0; // NOLINT
 }
 
-TEST_F(Print, ThePaperHoldsTheListingOfEachExampleInEachLanguage)
+class PrintIn : public Print, public testing::WithParamInterface<const char*>
+{
+};
+
+TEST_P(PrintIn, ThePaperHoldsTheListingOfEachExample)
 {
     if (!HasPdfToText()) GTEST_SKIP() << "pdftotext is missing";
-    for (const char* language : {"English", "German", "French", "Spanish", "Dutch"}) {
-        const std::string module = std::string(" --language '" LANGUAGES_DIR "/") + language + ".txt'";
-        for (const auto& example : std::filesystem::directory_iterator(EXAMPLES_DIR)) {
-            if (example.path().extension() != ".cnc") continue;
-            SCOPED_TRACE(example.path().filename().string() + " " + language);
-            const std::string what =
-                " '" + example.path().string() + "' --columns gcode,toolpos,properties,time" + module;
-            ASSERT_EQ(Call("\"$cli\" print -o x.pdf" + what), 0) << Err();
-            ASSERT_EQ(Call("pdftotext -layout x.pdf - && \"$cli\" listing" + what + " >listing"), 0) << Err();
-            // Each line of the listing, words and their order; what wraps goes on with the next word.
-            const std::string paper = WordsOf(Out());
-            size_t from = 0;
-            std::string listing = BytesOf(Work / "listing");
-            for (size_t end = 0; (end = listing.find("\r\n")) != std::string::npos;
-                 listing.erase(0, end + 2)) {
-                const std::string line = WordsOf(listing.substr(0, end));
-                const size_t at = paper.find(line, from);
-                ASSERT_NE(at, std::string::npos) << line << "\nis not in\n" << paper.substr(from);
-                from = at + line.size();
-            }
-            EXPECT_NE(paper.find(example.path().filename().string(), from), std::string::npos);
+    LoadOptions options;
+    options.Language = std::string(LANGUAGES_DIR) + "/" + GetParam() + ".txt";
+    options.View = ViewNames;
+    for (const auto& example : std::filesystem::directory_iterator(EXAMPLES_DIR)) {
+        if (example.path().extension() != ".cnc") continue;
+        const std::string file = example.path().string(), name = example.path().filename().string();
+        SCOPED_TRACE(name);
+        ASSERT_EQ(Call("\"$cli\" print -o x.pdf '" + file +
+                       "' --columns gcode,toolpos,properties,time --language '" + options.Language +
+                       "' && pdftotext -layout x.pdf -"),
+                  0)
+            << Err();
+        // Each line of the listing, its words and their order; what wraps goes on with the next word.
+        const std::string paper = WordsOf(Out());
+        std::string listing = ListFile(options, file).Output;
+        ASSERT_GT(listing.size(), 100u);
+        size_t from = 0;
+        for (size_t end = 0; (end = listing.find("\r\n")) != std::string::npos; listing.erase(0, end + 2)) {
+            const std::string line = WordsOf(listing.substr(0, end));
+            const size_t at = paper.find(line, from);
+            ASSERT_NE(at, std::string::npos) << line << "\nis not in\n" << paper.substr(from);
+            from = at + line.size();
         }
+        EXPECT_NE(paper.find(name, from), std::string::npos) << "the foot";
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Languages, PrintIn,
+                         testing::Values("English", "German", "French", "Spanish", "Dutch"));
 
 TEST_F(Print, EachCopyIsAFileAndThePagesAreA4)
 {

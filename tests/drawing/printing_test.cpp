@@ -181,3 +181,24 @@ TEST(Printing, PathAndScaleBarNeverStandAcrossThePicture)
         }
     }
 }
+
+TEST(Printing, WithoutEvenAFontTheStartEndsAndTheSettingsStay)
+{
+    class NoPrinter : public RecordingPrinter
+    {
+        std::vector<std::string> Fonts() override { return {}; }
+    } none;
+    const Folder user;
+    Start("MK4 mm");
+    Desk.OtherFolder = user / "";
+    const std::string settings = user.Put("Settings.edt", "Machine=F1\r\n");
+    ThePrinter = &none;
+    StartProgram(std::nullopt);
+    ThePrinter = &Desk.Printer;
+    EXPECT_TRUE(Shared.Ended);
+    ASSERT_EQ(Desk.Boxes.size(), 1u);
+    EXPECT_TRUE(Desk.Boxes[0].Box.Text.starts_with("No printer found."));
+    EXPECT_EQ(LogList(), "482 Form_Load");
+    EXPECT_EQ(BytesOf(settings), "Machine=F1\r\n");
+    EXPECT_NE(BytesOf(user / "Errors.log").find("\"Form_Load\""), std::string::npos);
+}

@@ -2,7 +2,10 @@
 //
 // The tests whose names begin with Queue need a print server of their own; print_to_cups starts one.
 
+#include "commands/drawing.h"
 #include "commands/printing.h"
+#include "commands/session.h"
+#include "drawing/printing.h"
 #include "qt/printer.h"
 #include "support/program.h"
 
@@ -101,6 +104,19 @@ TEST_F(Printers, WithoutAPrinterEachCopyBecomesAFile)
     EXPECT_EQ(LogList(), "482 mnuPrint_Click");
 }
 
+TEST_F(Printers, ADrawingLiesAcrossAndTheNextListingStands)
+{
+    if (!QPrinterInfo::availablePrinters().isEmpty()) GTEST_SKIP() << "there is a printer";
+    mnuDraw_Click();
+    AfterEvent();
+    Desk.Files = {Work / "drawing.pdf", Work / "listing.pdf"};
+    cmdPrint_Click();
+    PrintDirect();
+    const std::string drawing = BytesOf(Work / "drawing.pdf"), listing = BytesOf(Work / "listing.pdf");
+    EXPECT_NE(drawing.find("/MediaBox [0 0 842.000000 595.000000]"), std::string::npos);
+    EXPECT_NE(listing.find("/MediaBox [0 0 595.000000 842.000000]"), std::string::npos);
+}
+
 TEST_F(Printers, ThePreviewShowsEveryPageAndPrintsNothingByItself)
 {
     std::string lines = "G00 X0 Z0";
@@ -142,6 +158,10 @@ TEST_F(Queue, TakesEachCopyAsAJob)
     });
     mnuPrint_Click();
     EXPECT_EQ(OnDesk.Copies(), 1);
+
+    mnuDraw_Click();
+    AfterEvent();
+    cmdPrint_Click();
     EXPECT_TRUE(Desk.Boxes.empty());
     EXPECT_TRUE(Desk.Dialogs.empty());
 }
