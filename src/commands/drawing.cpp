@@ -12,6 +12,7 @@
 #include "drawing/measure.h"
 #include "drawing/picture_file.h"
 #include "drawing/printing.h"
+#include "drawing/program_window.h"
 #include "drawing/walk.h"
 #include "editor/find.h"
 #include "platform/files.h"
@@ -101,6 +102,7 @@ void mnuDraw_Click()
         frmDraw_Load();
         frmDraw.Window.Visible = true;
     }
+    Drawing.Minimized = false;
     BringMainToFront(); // the find dialog gives the keys away
     SetActiveWindow(frmDraw.Window);
     frmDraw_Activate();
@@ -108,7 +110,9 @@ void mnuDraw_Click()
 
 void RefreshDrawing()
 {
-    if (frmDraw.Window.Visible && BeginDrawing()) frmDraw_Activate();
+    if (!frmDraw.Window.Visible || !BeginDrawing()) return;
+    frmDraw_Activate();
+    ShowSelectedProgramLine();
 }
 
 void cmdEditor_Click()

@@ -305,6 +305,7 @@ void AfterEvent()
     MendFocus();
     frmMain.lblChanged.Text = Shared.Changed ? "*" : "";
     ShowTransfer();
+    ShowLetterTip();
     ShowLineMessage();
     ShowHint();
     WriteLog();

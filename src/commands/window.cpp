@@ -121,7 +121,7 @@ bool EndTransmissionBeforeExit()
         AbandonTransmission(); // closed once more: nobody waits for a line that stands still
         return true;
     }
-    const MessageBox box{"A program is being transmitted. Stop it and exit?", TextOf(Messages::Continue),
+    const MessageBox box{Tr("A program is being sent. Stop it and leave?"), TextOf(Messages::Continue),
                          Buttons::YesNo, Icon::Question};
     if (ThePlatform->Show(box) != Answer::Yes) return false;
     Shared.ExitPending = true;

@@ -61,7 +61,7 @@ void Prepare(WalkState& walk)
     canvas.SetBackColor(frmDraw.chkPrintableBackground.Value == 1 ? Colors::White : Colors::Black);
 
     // The zero point lies in the middle until one is chosen or fitted.
-    const bool chosen = Drawing.ZeroPointX > 0;
+    const bool chosen = Drawing.ZeroPointX > 0 || Drawing.PictureMoved;
     const double startX = chosen ? Drawing.ZeroPointX : InnerWidth() / 2.0;
     const double startY = chosen ? Drawing.ZeroPointY : InnerHeight() / 2.0;
     if (frmDraw.chkGrid.Value == 1 && first) MakeGrid(startX, startY);

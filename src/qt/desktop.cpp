@@ -43,6 +43,7 @@ Desktop::Desktop()
 
 void Desktop::ShowBehindBox()
 {
+    Dialogs.Follow();
     for (const Window& window : Windows) window.Render();
     Widgets.Push();
 }
@@ -91,6 +92,7 @@ void Desktop::Render()
 {
     // Widgets that move or change while they are pushed report nothing back.
     InEvent = true;
+    Dialogs.Follow();
     Widgets.Push();
     for (const Window& window : Windows) window.Render();
     PushActiveWindow();
@@ -112,7 +114,7 @@ void Desktop::CopyCaretIn()
 {
     Control* const box = TypingBox();
     if (box == nullptr) return;
-    if (const QWidget* const widget = Widgets.Of(*box)) CopyIn(*widget, *box);
+    if (QWidget* const widget = Widgets.Of(*box)) CopyIn(*widget, *box);
 }
 
 void Desktop::PushActiveWindow()

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "qt/control_widgets.h"
+#include "qt/dialog_language.h"
 #include "qt/qt_platform.h"
 
 #include <QObject>
@@ -72,6 +73,7 @@ private:
     std::vector<Window> Windows;
     std::vector<std::function<void()>> Later;
     QtPlatform Platform;
+    DialogLanguage Dialogs;
     QTimer Tick;
     bool InEvent = false;
     const Control* PushedActive = nullptr;
