@@ -1,12 +1,22 @@
 #include "commands/printing.h"
 
+#include "core/main_window.h"
 #include "core/messages.h"
 #include "core/program_list.h"
 #include "files/print_job.h"
 #include "platform/platform.h"
+#include "ui/focus.h"
 #include "ui/panes.h"
 
 namespace {
+
+/// A font that was picked counts at once, while its box still has the cursor.
+void TakeFont()
+{
+    for (Control* box : {&frmMain.cboFontName, &frmMain.cboFontSize}) {
+        if (HasFocus(*box)) box->On.LostFocus(*box);
+    }
+}
 
 void PrintListing(bool asksFirst)
 {
@@ -15,6 +25,7 @@ void PrintListing(bool asksFirst)
         ShowMessage(TextOf(Messages::NoLines));
         return;
     }
+    TakeFont();
     const PrintJob job = ListingJob();
     if (asksFirst && !ThePrinter->Choose(&job)) return;
     for (int copy = 1; copy <= ThePrinter->Copies(); ++copy) {

@@ -29,10 +29,10 @@ struct Caption {
     double Points, LineHeight, BarRoom, Height;
 };
 
-Caption CaptionOf(const PrintJob& job, PageSize page, const Face& face)
+Caption CaptionOf(const PrintJob& job, double points, PageSize page, const Face& face)
 {
     Caption caption;
-    caption.Points = std::clamp(job.FontSize, LeastPoints, MostPoints);
+    caption.Points = points;
     caption.LineHeight = face.LineHeight(caption.Points);
     caption.BarRoom = std::min(MostBar, page.Width / 3);
     const double width = page.Width - caption.BarRoom - 2 * Gap;
@@ -89,9 +89,9 @@ Sheet LayOutDrawing(const PrintJob& job, PageSize page, const Face& face)
     const PrintedImage* const printed = ImageOf(job);
     if (printed == nullptr) return sheet;
     PrintedImage& image = sheet.Image.emplace(*printed);
-    const Caption caption = CaptionOf(job, page, face);
-
-    // The texts may take half of a page, whatever they say.
+    Caption caption = CaptionOf(job, std::clamp(job.FontSize, LeastPoints, MostPoints), page, face);
+    // The longest path there is takes less than half of a page in small letters.
+    if (caption.Height > page.Height / 2) caption = CaptionOf(job, LeastPoints, page, face);
     const double room = std::max(page.Height - caption.Height, page.Height / 2);
     const double shrink =
         std::min({1.0, room / (image.Y + image.PaperHeight), page.Width / (image.X + image.PaperWidth)});

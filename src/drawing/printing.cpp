@@ -49,7 +49,7 @@ bool PrintPictureToFitPage()
     image.PaperWidth = OnPaper(image.Width);
     image.PaperHeight = OnPaper(image.Height);
     if (image.PaperWidth > page.Width || image.PaperHeight > page.Height) {
-        const double ratio = double{image.PaperWidth} / image.PaperHeight;
+        const double ratio = image.PaperWidth / image.PaperHeight;
         const bool isWide = ratio >= page.Width / page.Height;
         image.PaperWidth = std::round(isWide ? page.Width : page.Height * ratio);
         image.PaperHeight = std::round(isWide ? page.Width / ratio : page.Height);

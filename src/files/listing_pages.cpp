@@ -79,17 +79,23 @@ void AddFoot(Sheet& sheet, const Foot& foot, const std::string& right, PageSize 
 
 double ListingPoints(const PrintJob& job, double width, const Face& face)
 {
-    double points = job.FontSize;
+    double points = job.FontSize, most = 0;
     std::string widest;
-    double most = 0;
     for (const PrintItem& item : job.Items) {
         if (!item.IsTable) continue;
-        for (const std::string& line : PrintedLines(item.Text)) {
-            if (const double wide = face.Width(line, points); wide > most) {
+        const std::string_view text = item.Text;
+        const size_t header = job.Header.empty() ? 0 : text.find(job.Header + std::string(LineEnd));
+        const size_t table = std::min(header, text.size());
+        const auto consider = [&](std::string_view part, bool mayWrap) {
+            for (const std::string& line : PrintedLines(part)) {
+                const double wide = face.Width(line, points);
+                if (wide <= most || (mayWrap && face.Width(line, SmallestPoints) > width)) continue;
                 most = wide;
                 widest = line;
             }
-        }
+        };
+        consider(text.substr(0, table), true);
+        consider(text.substr(table), false);
     }
     while (points > SmallestPoints && face.Width(widest, points) > width)
         points = std::max(points - PointStep, SmallestPoints);

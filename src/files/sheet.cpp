@@ -43,9 +43,12 @@ size_t FittingCharacters(std::string_view text, double width, double points, con
 size_t BreakOf(std::string_view text, size_t fitting)
 {
     if (fitting < text.size() && text[fitting] == ' ') return fitting;
-    const size_t at = text.substr(0, fitting).find_last_of(" /\\");
-    const bool isLate = at != std::string_view::npos && at + 1 > fitting / 2;
-    return isLate && !IsBlank(text.substr(0, at)) ? at + 1 : fitting;
+    for (const char* const behind : {" ", "/\\"}) {
+        const size_t at = text.substr(0, fitting).find_last_of(behind);
+        const bool isLate = at != std::string_view::npos && at + 1 > fitting / 2;
+        if (isLate && !IsBlank(text.substr(0, at))) return at + 1;
+    }
+    return fitting;
 }
 
 } // namespace

@@ -40,7 +40,8 @@ public:
 /// is one empty line, and a line end behind the last line begins no other.
 std::vector<std::string> PrintedLines(std::string_view text);
 
-/// Breaks a line that is wider than `width` into several, behind a blank or a folder's name where one stands
-/// in their second half. All but the first begin with `indent` blanks. No character but blanks is lost.
+/// Breaks a line that is wider than `width` into several, behind a blank, else behind a folder's name, where
+/// one stands in the second half. All but the first begin with `indent` blanks. No character but blanks is
+/// lost.
 std::vector<std::string> WrapLine(const std::string& line, double width, double points, const Face& face,
                                   size_t indent = 0);

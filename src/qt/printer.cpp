@@ -1,6 +1,7 @@
 #include "qt/printer.h"
 
 #include "core/app_data.h"
+#include "core/main_window.h"
 #include "core/messages.h"
 #include "platform/files.h"
 #include "platform/platform.h"
@@ -32,6 +33,8 @@ bool ShowPreview(QPrinter& device, const PrintJob& job)
 {
     QPrintPreviewDialog dialog(&device, QApplication::activeWindow());
     dialog.setObjectName("printPreview");
+    const QString command = QString::fromStdString(frmMain.mnuPrint.Text).remove('&');
+    dialog.setWindowTitle(job.Name.empty() ? command : command + ": " + QString::fromStdString(job.Name));
     dialog.resize(900, 760);
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&job](QPrinter* on) {
         if (IsPreview(*on)) PaintJob(job, *on);
@@ -122,16 +125,25 @@ PrintOutcome QtPrinter::Print(const PrintJob& job, int copy)
     return outcome;
 }
 
+namespace {
+
+/// Asks where a job's file goes; "" when that was given up.
+std::string AskForPdf(const PrintJob& job)
+{
+    const std::string name = job.Name.empty() ? "program" : job.Name.substr(0, job.Name.rfind('.'));
+    FileDialog dialog{FileDialog::Purpose::Save, name + ".pdf", Tr("PDF document") + "|*.pdf|",
+                      job.Path.substr(0, job.Path.rfind('/') + 1)};
+    dialog.AsksBeforeReplacing = true;
+    return ThePlatform->AskForFile(dialog).value_or("");
+}
+
+} // namespace
+
 PrintOutcome QtPrinter::PrintFile(const PrintJob& job, int copy)
 {
     if (copy == 1) {
         FirstFile = std::exchange(NamedFile, "");
-        if (FirstFile.empty()) {
-            FileDialog dialog{FileDialog::Purpose::Save, job.Name.substr(0, job.Name.rfind('.')) + ".pdf",
-                              Tr("PDF document") + "|*.pdf|", job.Path.substr(0, job.Path.rfind('/') + 1)};
-            dialog.AsksBeforeReplacing = true;
-            FirstFile = ThePlatform->AskForFile(dialog).value_or("");
-        }
+        if (FirstFile.empty()) FirstFile = AskForPdf(job);
     }
     if (FirstFile.empty()) return {PrintOutcome::Kind::GivenUp};
     const std::string bytes = PdfOf(job, Device().pageLayout());
