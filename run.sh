@@ -6,7 +6,7 @@ set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 
 targets=(brixley-cli brixley-pictures)
-packages=(g++ cmake ninja-build nlohmann-json3-dev libcli11-dev qt6-base-dev qt6-svg-dev qt6-serialport-dev)
+packages=(g++ cmake ninja-build nlohmann-json3-dev libcli11-dev qt6-base-dev qt6-svg-dev qt6-serialport-dev qt6-translations-l10n)
 if [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]; then
     targets=(brixley)
     [[ -n ${WAYLAND_DISPLAY:-} ]] && packages+=(qt6-wayland)

@@ -37,7 +37,7 @@ void ReadAsEditorSettings(std::string_view bytes)
     Require(EditorSettingsText(again) == text, "the editor's settings read as they were written");
     Require(first.Values.Port >= 1 && first.Values.Port <= 4, "the port is one of four");
     Require(first.Values.IncrColor >= 0 && first.Values.IncrColor <= 0xFFFFFF, "a colour has 24 bits");
-    const Geometry place = OnScreen(first.Values.EditorWindow, MinHeight, MinWidth);
+    const Geometry place = OnScreen(first.Values.EditorWindow.value_or(Geometry{}), MinHeight, MinWidth);
     Require(place.Left >= 0 && place.Top >= 0 && place.Width >= MinWidth, "the window is on the screen");
 }
 

@@ -32,12 +32,14 @@ using Seconds = std::chrono::duration<double>;
 constexpr const char* Usage =
     "control-sim [--port DEVICE] [--line 300,N,8,1] [--machine MK2|MK4|F1] [--timeout SECONDS]\n"
     "            [-o FILE] [--memory FILE] [--send] [--fast]\n"
-    "            [--stall AT,SECONDS] [--drop N] [--garble N] [--hangup AT]\n"
+    "            [--talk AT] [--stall AT,SECONDS] [--drop N] [--garble N] [--hangup AT]\n"
     "Takes a program and prints what it saw; -o stores it. --send gives the memory as soon as somebody "
     "listens;\n"
     "a line G66 asks for it at any time. --fast: not at the pace of the line. The last row are faults: "
-    "stand\n"
-    "still behind AT characters, lose or change each Nth, go away behind AT.\n"
+    "send the\n"
+    "memory behind AT characters in the midst of a program, stand still behind AT, lose or change each Nth, "
+    "go\n"
+    "away behind AT.\n"
     "Exit status: 0 a whole program came (or the memory went), 3 a stop mark came, 1 anything else, 2 "
     "usage.\n";
 
@@ -46,7 +48,7 @@ struct Options {
     int Baud = 300, DataBits = 8, StopBits = 1;
     char Parity = 'N';
     double Timeout = 60, StallSeconds = 0;
-    long StallAt = -1, Drop = 0, Garble = 0, HangUpAt = -1;
+    long StallAt = -1, TalkAt = -1, Drop = 0, Garble = 0, HangUpAt = -1;
     bool Send = false, Fast = false;
 
     double CharacterTime() const
@@ -98,8 +100,14 @@ int MakePair()
 {
     const int line = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
     if (line < 0 || ::grantpt(line) != 0 || ::unlockpt(line) != 0) Fail("no pseudo terminal can be made");
-    // Only one that was open and closed counts as closed.
-    if (const int other = ::open(::ptsname(line), O_RDWR | O_NOCTTY); other >= 0) ::close(other);
+    // Only one that was open and closed counts as closed. It is no terminal for people: nothing is echoed.
+    if (const int other = ::open(::ptsname(line), O_RDWR | O_NOCTTY); other >= 0) {
+        termios set{};
+        ::tcgetattr(other, &set);
+        ::cfmakeraw(&set);
+        ::tcsetattr(other, TCSANOW, &set);
+        ::close(other);
+    }
     std::printf("%s\n", ::ptsname(line));
     std::fflush(stdout);
     return line;
@@ -255,6 +263,7 @@ public:
                 pollfd look{Line, POLLIN, 0};
                 ::poll(&look, 1, 50);
             } else {
+                if (Count > 0) Closed = Clock::now() - First;
                 return Report("closed"); // the other end closed the line
             }
         }
@@ -282,6 +291,7 @@ private:
             std::this_thread::sleep_for(Seconds(Given.StallSeconds));
             Free = Clock::now();
         }
+        if (Count == Given.TalkAt) SendMemory();
         if (Count == Given.HangUpAt) return false;
         if (Given.Drop > 0 && Count % Given.Drop == 0) return true;
         if (Given.Garble > 0 && Count % Given.Garble == 0) c = static_cast<char>(c ^ 0x15);
@@ -313,7 +323,7 @@ private:
         Clock::time_point next = Clock::now();
         long sent = 0;
         while (sent < static_cast<long>(Memory.size())) {
-            if (sent == Given.HangUpAt) {
+            if (Given.Send && sent == Given.HangUpAt) {
                 // The system drops what the other end has not taken when this one closes.
                 std::this_thread::sleep_for(std::chrono::milliseconds(100));
                 return true;
@@ -352,6 +362,7 @@ private:
         std::printf("characters: %ld\n", Count);
         std::printf("seconds: %.4f\n", busy.count());
         std::printf("line seconds: %.4f\n", static_cast<double>(Count) * Given.CharacterTime());
+        std::printf("closed after: %.4f\n", Seconds(Closed).count());
         std::printf("idle: %.4f\n", Seconds(Idle).count());
         std::printf("speed: %s\n", Speed == SpeedOf(Given.Baud) ? "as set" : "another");
         std::printf("notes: %d\nlines: %d\n", Lines.Notes, Lines.Lines);
@@ -369,7 +380,7 @@ private:
     Framing Lines;
     std::string Memory, Stored, Text;
     Clock::time_point GiveUp, First, Free;
-    Clock::duration Idle{};
+    Clock::duration Idle{}, Closed{};
     /// Nothing lay ready when the line was looked at last.
     bool RanEmpty = true;
     long Count = 0, Behind = 0;
@@ -409,6 +420,8 @@ Options ReadOptions(const std::vector<std::string>& words)
             options.Drop = std::atol(value.c_str());
         else if (word == "--garble")
             options.Garble = std::atol(value.c_str());
+        else if (word == "--talk")
+            options.TalkAt = std::atol(value.c_str());
         else if (word == "--hangup")
             options.HangUpAt = std::atol(value.c_str());
         else if (word == "--stall") {

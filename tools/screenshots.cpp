@@ -1,10 +1,12 @@
 // Draws the windows of the desktop program in all their states into a folder, at one scale (QT_SCALE_FACTOR):
 // three sizes, a light and a dark palette. tools/screenshots runs it once a scale.
-// Usage: screenshots FOLDER EXAMPLES [NAME OF A STATE]
+// Usage: screenshots FOLDER EXAMPLES [NAME OF A STATE [LANGUAGE MODULE]]
+// "" stands for all states. With a language module in the light palette alone: texts don't change with it.
 
 #include "commands/keyboard.h"
 #include "commands/load.h"
 #include "commands/session.h"
+#include "commands/settings.h"
 #include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
@@ -20,12 +22,16 @@
 #include <QDir>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPainter>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
 
 QString Examples;
+/// The path of a module, "" for none.
+std::string Language;
 
 void Open(const char* name)
 {
@@ -66,7 +72,7 @@ void OpenDrawing(const char* name, std::initializer_list<Control*> boxes)
 struct State {
     const char* Name;
     void (*Make)();
-    /// The picture is that of the drawing window.
+    /// The picture is that of the drawing window, with the Program Lines below it when they are shown.
     bool OfDrawing = false;
 };
 const State States[] = {
@@ -139,6 +145,55 @@ const State States[] = {
                      {&frmDraw.chkToolWidth, &frmDraw.chkPrintableBackground, &frmDraw.chkGrid});
      },
      true},
+    {"drawing-lathe-fill",
+     [] {
+         OpenDrawing("mk4-first-turning.cnc", {&frmDraw.chkFillCycles, &frmDraw.chkShowRadii});
+     },
+     true},
+    {"drawing-lathe-white",
+     [] {
+         OpenDrawing("mk4-threaded-shaft.cnc",
+                     {&frmDraw.chkFillCycles, &frmDraw.chkGrid, &frmDraw.chkPrintableBackground});
+         SelectRow(9);
+     },
+     true},
+    {"drawing-mill", [] { OpenDrawing("f1-first-milling.cnc", {&frmDraw.chkShowRadii}); }, true},
+    {"drawing-mill-width",
+     [] {
+         OpenDrawing("f1-first-milling.cnc",
+                     {&frmDraw.chkToolWidth, &frmDraw.chkToolCenter, &frmDraw.chkGrid});
+     },
+     true},
+    {"drawing-lines",
+     [] {
+         OpenDrawing("f1-pocket-and-holes.cnc", {&frmDraw.chkProgramWindow, &frmDraw.chkToolWidth});
+         PickListItem(frmDraw.cboRun, 1);
+         for (int i = 0; i < 8; ++i) {
+             ClickControl(frmDraw.cmdStep);
+             AfterEvent();
+         }
+     },
+     true},
+    {"drawing-lines-lathe",
+     [] {
+         OpenDrawing("mk4-chess-pawn.cnc", {&frmDraw.chkProgramWindow, &frmDraw.chkFillCycles});
+     },
+     true},
+    {"drawing-german",
+     [] {
+         Open("../languages/German.txt");
+         OpenDrawing("f1-first-milling.cnc", {});
+         frmDraw_MouseDown(9000, 6000);
+         frmDraw_MouseMove(10500, 7500);
+         frmDraw_MouseDown(10500, 7500);
+     },
+     true},
+    {"drawing-french",
+     [] {
+         Open("../languages/French.txt");
+         OpenDrawing("mk4-first-turning.cnc", {&frmDraw.chkGrid});
+     },
+     true},
     {"drawing-step",
      [] {
          OpenDrawing("mk2-threaded-bolt.cnc", {&frmDraw.chkFillCycles});
@@ -191,27 +246,42 @@ QPalette Dark()
     return palette;
 }
 
-bool Grab(QWidget& widget, const QString& file)
+bool Save(const QPixmap& picture, const QString& file)
 {
-    if (widget.grab().save(file)) return true;
+    if (picture.save(file)) return true;
     std::fprintf(stderr, "%s could not be written\n", qPrintable(file));
     return false;
 }
 
+/// A window, and below it another one when that is shown.
+QPixmap Grab(QWidget& window, QWidget& below)
+{
+    const QPixmap upper = window.grab();
+    if (!below.isVisible()) return upper;
+    const QPixmap lower = below.grab();
+    QPixmap both(std::max(upper.width(), lower.width()), upper.height() + lower.height());
+    both.fill(Qt::gray);
+    QPainter painter(&both);
+    painter.drawPixmap(QRect(QPoint(), upper.size()), upper);
+    painter.drawPixmap(QRect(QPoint(0, upper.height()), lower.size()), lower);
+    return both;
+}
+
 /// One state in one size; false when a picture could not be written.
-bool Draw(Desktop& desktop, MainFrame& window, QWidget& drawing, const State& state, QSize size,
-          const QString& name)
+bool Draw(Desktop& desktop, MainFrame& window, QWidget& drawing, QWidget& lines, const State& state,
+          QSize size, const QString& name)
 {
     desktop.Run([&] {
         ResetState();
         frmMain.Window.Width = size.width() * 15;
         frmMain.Window.Height = size.height() * 15;
         StartNew(MachineKind::MK4, true, false);
+        LoadLanguageModule(Language);
         state.Make();
     });
     desktop.Run(tmr1sec_Timer);
     QApplication::processEvents();
-    return Grab(state.OfDrawing ? drawing : window, name);
+    return Save(state.OfDrawing ? Grab(drawing, lines) : window.grab(), name);
 }
 
 } // namespace
@@ -223,6 +293,7 @@ int main(int argc, char** argv)
     const QDir folder(argv[1]);
     Examples = argv[2];
     const QString only = argc > 3 ? argv[3] : "";
+    if (argc > 4) Language = argv[4];
     const QString scale =
         QString::number(qRound(qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble() * 100));
 
@@ -238,6 +309,7 @@ int main(int argc, char** argv)
     const QPalette light = QApplication::palette();
     bool whole = true;
     for (const bool dark : {false, true}) {
+        if (dark && !Language.empty()) break;
         // The palette changes while the windows are open.
         QApplication::setPalette(dark ? Dark() : light);
         const QString end = "-" + scale + (dark ? "-dark.png" : "-light.png");
@@ -246,12 +318,13 @@ int main(int argc, char** argv)
             for (const QSize size : Sizes) {
                 if (state.OfDrawing && size != Sizes[0]) continue; // it has a size of its own
                 const QString name = QString("%1-%2x%3").arg(state.Name).arg(size.width()).arg(size.height());
-                whole = Draw(desktop, window, drawing, state, size, folder.filePath(name + end)) && whole;
+                whole =
+                    Draw(desktop, window, drawing, lines, state, size, folder.filePath(name + end)) && whole;
             }
         }
         for (QAction* menu : window.menuBar()->actions()) {
             if (!menu->isVisible() || !only.isEmpty()) continue;
-            whole = Grab(*menu->menu(), folder.filePath(menu->objectName() + end)) && whole;
+            whole = Save(menu->menu()->grab(), folder.filePath(menu->objectName() + end)) && whole;
         }
     }
     return whole ? 0 : 1;

@@ -9,6 +9,7 @@
 #include "core/program_list.h"
 #include "core/shared_state.h"
 #include "editor/whole_program.h"
+#include "files/print_job.h"
 #include "files/writer.h"
 
 #include <cstdint>
@@ -30,14 +31,6 @@ Outcome SaveTo(const std::string& target)
     if (const std::string refusal = LastRefusal(); !refusal.empty()) return Failed(target + ": " + refusal);
     if (frmMain.lblPath.Text != target) return Failed(target + " was not saved");
     return {};
-}
-
-std::string Listing()
-{
-    Shared.PrintMode = true;
-    std::string text = GenerateAll();
-    Shared.PrintMode = false;
-    return text;
 }
 
 /// FNV-1a, 64 bits.
@@ -65,7 +58,7 @@ void AddProgram(Fingerprint& print)
 {
     frmMain.lblPath.Text.clear(); // where the file lies is no behaviour
     print.Add(StateAsJson());
-    print.Add(Listing());
+    print.Add(ListingText());
     print.Add(GenerateAll());
     (Shared.Metric ? mnuMMtoINCH_click : mnuINCHtoMM_click)();
     print.Add(StateAsJson());
@@ -144,7 +137,7 @@ Outcome ListFile(const LoadOptions& options, const std::string& file)
 {
     if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
     if (LineCount() == 0) return Failed(file + ": the program has no lines");
-    return {StatusDone, Listing()};
+    return {StatusDone, ListingText()};
 }
 
 Outcome SaveFile(const LoadOptions& options, const std::string& file, const std::string& target)

@@ -25,8 +25,7 @@ constexpr int MostTwips = 1'000'000;
 /// Pixels of a PNG, which has one for 15 by 15 twips: 400 MB while it is painted.
 constexpr int64_t MostPixels = 100'000'000;
 
-/// Opens the drawing as the window would be opened, and draws it in one go.
-void OpenDrawing(const DrawOptions& options)
+void ShowDrawing(const DrawOptions& options)
 {
     Shared.ErrorsPresent = false;
     Shared.DrawBoxes = options.Boxes;
@@ -97,19 +96,25 @@ bool ReadZeroPoint(const std::string& text, DrawOptions& options)
     return isPoint;
 }
 
-Outcome DrawFile(const LoadOptions& load, const DrawOptions& options, const std::string& file,
-                 const std::string& target)
+Outcome OpenDrawing(const LoadOptions& load, const DrawOptions& options, const std::string& file)
 {
-    PictureFormat format{};
-    if (!target.empty() && !FormatOfFile(target, format))
-        return Failed(target + ": a picture's name ends in .svg, .png or .pdf");
     if (const auto why = OpenProgram(load, file)) return Failed(file + ": " + *why);
     if (LineCount() == 0) return Failed(file + ": the program has no lines");
     if (Shared.ErrorsPresent && !options.Force) {
         const std::string count = std::to_string(MessagesOfProgram().size());
         return {StatusMessages, "", file + ": not drawn, the program has " + count + " messages"};
     }
-    OpenDrawing(options);
+    ShowDrawing(options);
+    return {};
+}
+
+Outcome DrawFile(const LoadOptions& load, const DrawOptions& options, const std::string& file,
+                 const std::string& target)
+{
+    PictureFormat format{};
+    if (!target.empty() && !FormatOfFile(target, format))
+        return Failed(target + ": a picture's name ends in .svg, .png or .pdf");
+    if (const Outcome opened = OpenDrawing(load, options, file); opened.Status != StatusDone) return opened;
     if (target.empty()) return {StatusDone, OperationLines()};
     return WritePicture(target, format);
 }

@@ -24,6 +24,9 @@ struct DrawOptions {
 bool ReadCanvasSize(const std::string& text, DrawOptions& options);
 bool ReadZeroPoint(const std::string& text, DrawOptions& options);
 
+/// Loads the file and opens its drawing as the window would, drawn in one go.
+Outcome OpenDrawing(const LoadOptions& load, const DrawOptions& options, const std::string& file);
+
 /// Loads the file and draws it into `target`, an .svg, .png or .pdf file. With an empty target the operations
 /// are the output.
 Outcome DrawFile(const LoadOptions& load, const DrawOptions& options, const std::string& file,

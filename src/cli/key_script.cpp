@@ -199,6 +199,14 @@ Fault AnswerColor(std::string_view rest)
     return WithNumber(rest, [](int color) { Console.Colors.push_back(color); });
 }
 
+Fault AnswerPrinter(std::string_view rest)
+{
+    const auto copies = NumberOf(NextWord(rest));
+    if (!copies || *copies < 0) return "a number is missing";
+    Console.Printer.Answers.push_back(*copies);
+    return Fine;
+}
+
 Fault Disk(std::string_view rest)
 {
     const std::string state = NextWord(rest);
@@ -227,6 +235,7 @@ constexpr ItemRoutine Items[] = {
     {"ANSWER", AnswerBox},
     {"FILE", AnswerFile},
     {"COLOR", AnswerColor},
+    {"COPIES", AnswerPrinter},
     {"DISK", Disk},
 };
 

@@ -1,7 +1,7 @@
 // main.cpp: the console program: options in, one outcome out.
 
 #include "cli/commands.h"
-#include "cli/draw_command.h"
+#include "cli/print_command.h"
 #include "cli/transfer_commands.h"
 #include "core/app_data.h"
 #include "platform/files.h"
@@ -30,6 +30,7 @@ struct Arguments {
     bool NoFilter = false;
     double Idle = 5;
     DrawOptions Draw;
+    PrintOptions Print;
     std::string Canvas, Zero;
     double Scale = 0;
     bool Ops = false;
@@ -82,13 +83,18 @@ void AddShowOptions(CLI::App& command, Arguments& arguments)
     command.add_flag("--json", arguments.Json, "print the whole state as JSON");
 }
 
-void AddListingOptions(CLI::App& command, Arguments& arguments)
+void AddColumns(CLI::App& command, Arguments& arguments)
 {
-    AddFile(command, arguments);
     command.add_option("--columns", arguments.Columns, "columns to print: gcode,toolpos,properties,time")
         ->delimiter(',')
         ->allow_extra_args(false)
         ->check(CLI::IsMember(ViewNames));
+}
+
+void AddListingOptions(CLI::App& command, Arguments& arguments)
+{
+    AddFile(command, arguments);
+    AddColumns(command, arguments);
 }
 
 void AddConvertOptions(CLI::App& command, Arguments& arguments)
@@ -130,17 +136,41 @@ void AddPictureOptions(CLI::App& command, Arguments& arguments)
     command.add_flag("--force", arguments.Draw.Force, "draw a program with messages too");
 }
 
-/// The options of a picture as they were given; a text that is none of its kind fails.
-Outcome DrawWith(const Arguments& arguments)
+/// The options of a picture as they were given; a text that is none of its kind fails, and `options` is
+/// then of no use.
+Outcome TakeDrawOptions(const Arguments& arguments, DrawOptions& options)
 {
-    DrawOptions options = arguments.Draw;
+    options = arguments.Draw;
     if (!arguments.Canvas.empty() && !ReadCanvasSize(arguments.Canvas, options))
         return Failed("--canvas: not a size in twips: " + arguments.Canvas);
     if (!arguments.Zero.empty() && !ReadZeroPoint(arguments.Zero, options))
         return Failed("--zero: not a point in twips: " + arguments.Zero);
     if (arguments.Scale > 0) options.Scale = arguments.Scale;
+    return {};
+}
+
+Outcome DrawWith(const Arguments& arguments)
+{
+    DrawOptions options;
+    if (const Outcome taken = TakeDrawOptions(arguments, options); taken.Status != StatusDone) return taken;
     if (!arguments.Ops && arguments.Target.empty()) return Failed("-o OUT or --ops is required");
     return DrawFile(arguments.Load, options, arguments.File, arguments.Ops ? "" : arguments.Target);
+}
+
+/// The columns of a listing take the names of the view.
+LoadOptions WithColumns(const Arguments& arguments)
+{
+    LoadOptions options = arguments.Load;
+    options.View.insert(options.View.end(), arguments.Columns.begin(), arguments.Columns.end());
+    return options;
+}
+
+Outcome PrintWith(const Arguments& arguments)
+{
+    PrintOptions options = arguments.Print;
+    if (const Outcome taken = TakeDrawOptions(arguments, options.Draw); taken.Status != StatusDone)
+        return taken;
+    return PrintFile(WithColumns(arguments), options, arguments.File, arguments.Target);
 }
 
 void AddDrawOptions(CLI::App& command, Arguments& arguments)
@@ -149,6 +179,25 @@ void AddDrawOptions(CLI::App& command, Arguments& arguments)
     CLI::Option* const target =
         command.add_option("-o", arguments.Target, "picture to write: .svg, .png or .pdf")->type_name("OUT");
     command.add_flag("--ops", arguments.Ops, "print the operations of the canvas instead")->excludes(target);
+    AddPictureOptions(command, arguments);
+}
+
+void AddPrintOptions(CLI::App& command, Arguments& arguments)
+{
+    AddFileAndTarget(command, arguments);
+    AddColumns(command, arguments);
+    command
+        .add_option("--font", arguments.Print.FontName, "font of the listing, and of the texts of a drawing")
+        ->type_name("NAME")
+        ->capture_default_str();
+    command
+        .add_option("--size", arguments.Print.FontSize, "its size in points; it shrinks to fit long lines")
+        ->check(CLI::Range(1.0, 200.0))
+        ->capture_default_str();
+    command.add_option("--copies", arguments.Print.Copies, "number of copies: OUT.pdf, OUT-2.pdf, ...")
+        ->check(CLI::Range(1, 99))
+        ->capture_default_str();
+    command.add_flag("--drawing", arguments.Print.Drawing, "print the drawing in place of the listing");
     AddPictureOptions(command, arguments);
 }
 
@@ -247,11 +296,8 @@ constexpr Command Commands[] = {
      [](const Arguments& a) { return ShowFile(a.Load, a.File, a.Json, WantsColor()); }},
     {"draw", "draw the tool path into a picture", AddDrawOptions, DrawWith},
     {"listing", "print the text of the printed listing", AddListingOptions,
-     [](const Arguments& a) {
-         LoadOptions options = a.Load;
-         options.View.insert(options.View.end(), a.Columns.begin(), a.Columns.end());
-         return ListFile(options, a.File);
-     }},
+     [](const Arguments& a) { return ListFile(WithColumns(a), a.File); }},
+    {"print", "print the listing or the drawing into a PDF file", AddPrintOptions, PrintWith},
     {"save", "load FILE and write it again, with the end code if it has none", AddFileAndTarget,
      [](const Arguments& a) { return SaveFile(a.Load, a.File, a.Target); }},
     {"convert", "convert the program's units and write it", AddConvertOptions,

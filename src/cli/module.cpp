@@ -32,6 +32,12 @@ PaintPictureRoutine* LoadPicturePainter(std::string& why)
         LoadRoutine("brixley-pictures.so", PaintPictureName, "pictures", why));
 }
 
+PrintPdfRoutine* LoadPdfPrinter(std::string& why)
+{
+    return reinterpret_cast<PrintPdfRoutine*>(
+        LoadRoutine("brixley-pictures.so", PrintPdfName, "PDF files", why));
+}
+
 PortSessionRoutine* LoadPortSession(std::string& why)
 {
     return reinterpret_cast<PortSessionRoutine*>(

@@ -6,8 +6,10 @@
 
 #include "drawing/picture_file.h"
 #include "platform/port_session.h"
+#include "platform/printer.h"
 
 /// The routine of a module, from the module beside the program or in its library folder; null, and the reason
 /// in `why`, when the module isn't there or is of another version.
 PaintPictureRoutine* LoadPicturePainter(std::string& why);
+PrintPdfRoutine* LoadPdfPrinter(std::string& why);
 PortSessionRoutine* LoadPortSession(std::string& why);

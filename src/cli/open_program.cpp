@@ -59,6 +59,11 @@ std::optional<std::string> BeginProgram(const LoadOptions& options, const std::s
     Console.Port.Count = ports;
     ThePlatform = &Console;
     ThePort = &Console.Port;
+    ThePrinter = &Console.Printer;
+    Console.Printer.OnDialog = [](int copies) {
+        Console.Dialogs.push_back(
+            {"printer", "", "", copies > 0 ? std::optional(std::to_string(copies)) : std::nullopt});
+    };
     ResetState();
     Drawing.PausesTakeTime = false;
     Drawing.YieldAfter = 0;

@@ -15,6 +15,8 @@
 #include "ui/focus.h"
 #include "ui/text_box.h"
 
+#include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
@@ -183,6 +185,12 @@ Json Dialogs()
     return dialogs;
 }
 
+/// A number as a person writes it: 10, not 10.0.
+Json Tidy(double number)
+{
+    return number == std::floor(number) ? Json(static_cast<int64_t>(number)) : Json(number);
+}
+
 Json Globals()
 {
     return {{"FeedA", Shared.FeedA},
@@ -211,6 +219,29 @@ Json PortState()
             {"number", port.Number},
             {"settings", port.Line},
             {"sent", FromCodePage(port.Sent)}};
+}
+
+Json PrintedJobs()
+{
+    Json jobs = Json::array();
+    for (const PrintJob& job : Console.Printer.Jobs) {
+        Json items = Json::array();
+        for (const PrintItem& item : job.Items) {
+            if (!item.Image) {
+                items.push_back(Json::array({"text", item.Text}));
+                continue;
+            }
+            const PrintedImage& image = *item.Image;
+            items.push_back(Json::array({"image", Tidy(image.X), Tidy(image.Y), Tidy(image.PaperWidth),
+                                         Tidy(image.PaperHeight), ColorText(image.Ground)}));
+        }
+        const bool across = job.Orientation == Orientation::Landscape;
+        jobs.push_back({{"orientation", across ? "landscape" : "portrait"},
+                        {"font", job.FontName},
+                        {"size", Tidy(job.FontSize)},
+                        {"items", items}});
+    }
+    return jobs;
 }
 
 const char* PointerName(bool crosshair)
@@ -279,6 +310,7 @@ std::string WindowStateAsJson()
     state["dialogs"] = Dialogs();
     state["globals"] = Globals();
     state["port"] = PortState();
+    state["printed"] = PrintedJobs();
     state["beeps"] = Console.Beeps;
     state["launched"] = Console.Launched;
     state["pointer"] = Shared.Transmitting ? "hourglass" : "default";

@@ -7,6 +7,7 @@
 #include "editor/run.h"
 #include "platform/files.h"
 #include "serial/receive.h"
+#include "serial/transfer.h"
 #include "serial/transmit.h"
 
 #include <algorithm>
@@ -136,7 +137,7 @@ Outcome ReceiveFile(const LineOptions& line, const std::string& target, double i
     std::string received, fault;
     ThePort->OnEvent = [&](PortEvent event) {
         if (event == PortEvent::Failed) {
-            fault = ThePort->LastFailure().Reason;
+            fault = ReasonOf(ThePort->LastFailure());
             port.Session->Quit();
         }
         if (event != PortEvent::Received) return;
@@ -146,7 +147,7 @@ Outcome ReceiveFile(const LineOptions& line, const std::string& target, double i
     port.Session->OnInterrupt = [&] { port.Session->Quit(); };
     std::optional<PortFailure> failure = ThePort->SetLine(line.Parameters);
     if (!failure) failure = ThePort->Open();
-    if (failure) return Failed(failure->Reason);
+    if (failure) return Failed(ReasonOf(*failure));
     port.Session->Run();
 
     std::erase(received, '\0');

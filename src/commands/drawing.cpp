@@ -11,6 +11,8 @@
 #include "drawing/drawing_state.h"
 #include "drawing/measure.h"
 #include "drawing/picture_file.h"
+#include "drawing/printing.h"
+#include "drawing/program_window.h"
 #include "drawing/walk.h"
 #include "editor/find.h"
 #include "platform/files.h"
@@ -46,6 +48,7 @@ constexpr Event Events[] = {
     {&D::cmdAutoFit, {cmdAutoFit_Click}},
     {&D::cmdZeroPoint, {cmdZeroPoint_Click}},
     {&D::cmdRedraw, {cmdRedraw_Click}},
+    {&D::cmdPrint, {cmdPrint_Click}},
     {&D::cmdStep, {frmDraw_cmdStep_Click}},
     {&D::cmdAbort, {cmdAbort_Click}},
     {&D::cmdEditor, {cmdEditor_Click}},
@@ -99,6 +102,7 @@ void mnuDraw_Click()
         frmDraw_Load();
         frmDraw.Window.Visible = true;
     }
+    Drawing.Minimized = false;
     BringMainToFront(); // the find dialog gives the keys away
     SetActiveWindow(frmDraw.Window);
     frmDraw_Activate();
@@ -106,7 +110,9 @@ void mnuDraw_Click()
 
 void RefreshDrawing()
 {
-    if (frmDraw.Window.Visible && BeginDrawing()) frmDraw_Activate();
+    if (!frmDraw.Window.Visible || !BeginDrawing()) return;
+    frmDraw_Activate();
+    ShowSelectedProgramLine();
 }
 
 void cmdEditor_Click()

@@ -112,7 +112,8 @@ void mnuAbout_Click()
     Control& list = frmMain.lstAbout;
     list.Visible = true;
     list.Items = {TextOf(Messages::ProgramVersion) + ":", std::string(ProductVersion) + "(2012/02/05)",
-                  TextOf(Messages::LanguageModule) + ":", std::string(TextOr("None", Shared.LanguageName))};
+                  TextOf(Messages::LanguageModule) + ":",
+                  std::string(TextOr(Tr("None"), Shared.LanguageName))};
     const std::string translator = TextOf(Messages::Translator);
     if (translator.empty()) return;
     list.Items.push_back(translator + ":");

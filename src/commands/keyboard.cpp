@@ -7,6 +7,7 @@
 #include "core/program_list.h"
 #include "core/shared_state.h"
 #include "drawing/drawing_state.h"
+#include "drawing/measure.h"
 #include "drawing/walk.h"
 #include "editor/activation.h"
 #include "editor/find.h"
@@ -236,12 +237,12 @@ bool WalkPane(int step)
     return true;
 }
 
-/// The keys of the drawing and of its list of lines. [ESC] aborts a walk, [ENTER] releases a held one before
-/// it presses what has the focus.
+/// The keys of the drawing and of its list of lines. [ESC] leaves what goes on, [ENTER] releases a held walk
+/// before it presses what has the focus.
 std::optional<KeyStroke> OfferToDrawing(const KeyStroke& key)
 {
     if (key.Name == KeyName::Escape) {
-        cmdAbort_Click();
+        frmDraw_Escape();
     } else if (key.Name == KeyName::Tab) {
         key.Shift ? FocusPreviousStop() : FocusNextStop();
     } else if (key.Alt) {

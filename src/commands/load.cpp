@@ -91,7 +91,9 @@ void LoadFile(const std::string& path)
     std::string chosen = path;
     if (chosen.empty()) {
         const FileDialog dialog{FileDialog::Purpose::Open, "", ProgramFileFilter, FolderOfLastFile()};
-        chosen = ThePlatform->AskForFile(dialog).value_or("");
+        const auto named = ThePlatform->AskForFile(dialog);
+        if (!named) return;
+        chosen = Shared.DialogFile = *named;
     }
     if (chosen.empty() || !FileExists(chosen)) return;
 
@@ -137,6 +139,7 @@ bool LoadReceived(const std::string& bytes)
     Shared.Changed = false;
     CloseReceivePane();
     TakeOver(std::move(file), "");
+    Shared.DialogFile.clear();
     Shared.Changed = true;
     return true;
 }

@@ -32,6 +32,7 @@ std::optional<std::string> AskForTarget()
         const auto name = ThePlatform->AskForFile(
             {FileDialog::Purpose::Save, frmMain.lblPath.Text, ProgramFileFilter, FolderOfLastFile()});
         if (!name) return std::nullopt;
+        Shared.DialogFile = *name;
         if (name->empty()) {
             ShowMessage(TextOf(Messages::NoFile));
             return std::nullopt;

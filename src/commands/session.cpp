@@ -3,6 +3,7 @@
 #include "commands/drawing.h"
 #include "commands/help.h"
 #include "commands/load.h"
+#include "commands/printing.h"
 #include "commands/program.h"
 #include "commands/receive_import.h"
 #include "commands/recent_files.h"
@@ -30,6 +31,7 @@
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "platform/port.h"
+#include "platform/printer.h"
 #include "serial/receive.h"
 #include "serial/setup.h"
 #include "serial/transfer.h"
@@ -94,6 +96,7 @@ constexpr Event Events[] = {
     {&W::cboLanguage, {cboLanguage_Click}},
     {&W::cboFontName, {nullptr, nullptr, nullptr, cboFontName_LostFocus}},
     {&W::cboFontSize, {nullptr, nullptr, nullptr, cboFontSize_LostFocus}},
+    {&W::cmdPrinterDialog, {cmdPrinterDialog_Click}},
     {&W::optSettingsMK2, {optSettingsMK2_Click}},
     {&W::optSettingsMK4, {optSettingsMK4_Click}},
     {&W::optSettingsF1CNC, {optSettingsF1CNC_Click}},
@@ -143,6 +146,7 @@ constexpr Event Events[] = {
     {&W::mnuSaveAs, {mnuSaveAs_Click}},
     {&W::mnuFind, {mnuFind_click}},
     {&W::mnuDraw, {mnuDraw_Click}},
+    {&W::mnuPrint, {mnuPrint_Click}},
     {&W::mnuExit, {mnuExit_Click}},
     {&W::mnuSettingsShow, {mnuSettingsShow_Click}},
     {&W::mnuReset, {mnuReset_Click}},
@@ -218,7 +222,7 @@ namespace {
 /// The printer's fonts; a typewriter's face is chosen at first, since a listing stands in columns.
 void FillFonts()
 {
-    frmMain.cboFontName.Items = ThePlatform->PrinterFonts();
+    frmMain.cboFontName.Items = ThePrinter->Fonts();
     const auto& fonts = frmMain.cboFontName.Items;
     for (size_t i = 0; i < fonts.size() && frmMain.cboFontName.Index < 0; ++i) {
         if (fonts[i] != "Courier" && fonts[i] != "Courier New") continue;
@@ -246,6 +250,16 @@ void BeginStart()
     frmDraw_Load();
 }
 
+/// Not even a PDF file can be had. The settings, which haven't been read, stay as they are.
+void EndWithoutPrinter()
+{
+    NoteFailure(Failures::PrinterError, "Form_Load");
+    ShowMessage("No printer found. A printer MUST be installed in Windows before running BXL", "",
+                Icon::Critical);
+    WriteLog();
+    Shared.Ended = true;
+}
+
 void FinishStart()
 {
     FitSmallScreen();
@@ -271,6 +285,10 @@ void StartNew(MachineKind machine, bool metric, bool horizontal)
 void StartProgram(const std::optional<std::string>& argument)
 {
     BeginStart();
+    if (frmMain.cboFontName.Items.empty()) {
+        EndWithoutPrinter();
+        return;
+    }
     Shared.Metric = false;
     LoadSettings(argument);
     ControlsPositioning();
@@ -287,6 +305,7 @@ void AfterEvent()
     MendFocus();
     frmMain.lblChanged.Text = Shared.Changed ? "*" : "";
     ShowTransfer();
+    ShowLetterTip();
     ShowLineMessage();
     ShowHint();
     WriteLog();

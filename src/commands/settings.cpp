@@ -14,6 +14,8 @@
 #include "core/profile.h"
 #include "core/program_list.h"
 #include "drawing/draw_controls.h"
+#include "drawing/drawing_state.h"
+#include "drawing/program_window.h"
 #include "editor/whole_program.h"
 #include "files/reader.h"
 #include "interpreter/interpreter.h"
@@ -98,24 +100,38 @@ void ChooseByCaption(std::span<Control> options, const std::string& caption)
     }
 }
 
+/// A typewriter's face, since a listing stands in columns; "" where the printer has none.
+std::string FirstTypewriterFont(const std::vector<std::string>& fonts)
+{
+    const auto found = std::find_if(fonts.begin(), fonts.end(), [](const std::string& font) {
+        return font == "Courier" || font == "Courier New";
+    });
+    return found == fonts.end() ? "" : *found;
+}
+
+/// Puts a text into a combo box, and selects the item that it is.
+void ShowInCombo(Control& combo, const std::string& text)
+{
+    const auto item = std::find(combo.Items.begin(), combo.Items.end(), text);
+    combo.Index = item == combo.Items.end() ? -1 : static_cast<int>(item - combo.Items.begin());
+    combo.Text = text;
+}
+
 void ApplyFont(const EditorSettings& values)
 {
-    const auto& fonts = frmMain.cboFontName.Items;
-    const auto known = std::find(fonts.begin(), fonts.end(), values.FontName);
-    if (known != fonts.end()) frmMain.cboFontName.Index = static_cast<int>(known - fonts.begin());
-    if (!values.FontName.empty()) Shared.FontName = frmMain.cboFontName.Text = values.FontName;
-    if (values.FontSize.empty()) return;
-    const auto& sizes = frmMain.cboFontSize.Items;
-    const auto listed = std::find(sizes.begin(), sizes.end(), values.FontSize);
-    frmMain.cboFontSize.Index = listed == sizes.end() ? -1 : static_cast<int>(listed - sizes.begin());
-    Shared.FontSize = frmMain.cboFontSize.Text = values.FontSize;
+    Shared.FontName =
+        values.FontName.empty() ? FirstTypewriterFont(frmMain.cboFontName.Items) : values.FontName;
+    Shared.FontSize = values.FontSize.empty() ? SharedState{}.FontSize : values.FontSize;
+    ShowInCombo(frmMain.cboFontName, Shared.FontName);
+    ShowInCombo(frmMain.cboFontSize, Shared.FontSize);
 }
 
 /// What is 0 or less gets its default; a window without a place is centred with its size.
-void ApplyGeometry(Geometry saved)
+void ApplyGeometry(const std::optional<Geometry>& setting)
 {
     constexpr int WidestDefault = 13800;
     const Screen& screen = Shared.Screen;
+    Geometry saved = setting.value_or(Geometry{frmMain.Window.Height, 0, 0, frmMain.Window.Width});
     if (saved.Height <= 0) saved.Height = MinHeight;
     if (saved.Width <= 0) saved.Width = std::min(WidestDefault, screen.Width);
     saved.Height = std::max(saved.Height, MinHeight);
@@ -164,14 +180,16 @@ void LoadModules()
     if (Shared.LanguageFileName != own) LoadLanguageModule(Shared.LanguageFileName);
 }
 
+/// The files of the modules that the General tab offers, beside the names of their languages there.
+std::vector<std::string> LanguageFiles;
+
 /// The choice of the General tab follows the module in use.
 void ShowLanguage()
 {
     Control& list = frmMain.cboLanguage;
-    list.Index = -1;
-    for (size_t i = 0; i < list.Items.size(); ++i) {
-        if (FileNameOf(Shared.LanguageFileName) == list.Items[i] + ".txt") list.Index = static_cast<int>(i);
-    }
+    const auto used =
+        std::find(LanguageFiles.begin(), LanguageFiles.end(), FileNameOf(Shared.LanguageFileName));
+    list.Index = used == LanguageFiles.end() ? -1 : static_cast<int>(used - LanguageFiles.begin());
     list.Text = list.Index < 0 ? "" : list.Items[static_cast<size_t>(list.Index)];
 }
 
@@ -186,7 +204,7 @@ void LoadSettings(const std::optional<std::string>& argument)
         Shared.Metric = Shared.Horizontal = false;
         ShowUnits().Value = 1; // chosen by nobody: the presets stay as they are
         ApplyPlainSettings({});
-        ApplyGeometry({});
+        ApplyGeometry(std::nullopt);
         MakeFormCaption();
         if (argument && FileExists(*argument)) LoadFile(*argument);
         return;
@@ -202,6 +220,7 @@ void LoadSettings(const std::optional<std::string>& argument)
     ApplyPlainSettings(values);
     ApplyGeometry(values.EditorWindow);
     LoadModules();
+    Shared.Changed = false; // nothing was typed yet
     if (!values.LastFileUsed.empty()) LoadFile(values.LastFileUsed);
     // A last file that isn't recognised counts as missing.
     if (!file.SelectsMachine && frmMain.lblPath.Text.empty()) SelectSavedMachine(values.Machine);
@@ -263,14 +282,15 @@ void InstallDefaults()
 
 void FillLanguages()
 {
-    constexpr std::string_view Ending = ".txt";
     Control& list = frmMain.cboLanguage;
     list.Items.clear();
+    LanguageFiles.clear();
     const std::string folder = InstalledPath("languages");
-    for (const std::string& file : FilesIn(folder, std::string(Ending))) {
+    for (const std::string& file : FilesIn(folder, ".txt")) {
         std::string bytes;
         if (ReadWholeFile(folder + "/" + file, bytes) || KindOfFile(bytes) != FileKind::Language) continue;
-        list.Items.push_back(file.substr(0, file.size() - Ending.size()));
+        list.Items.emplace_back(TextOr(file, LanguageNameOf(bytes)));
+        LanguageFiles.push_back(file);
     }
     ShowLanguage();
 }
@@ -279,7 +299,7 @@ void cboLanguage_Click()
 {
     const Control& list = frmMain.cboLanguage;
     if (list.Index < 0 || RefuseWhileBusy()) return;
-    LoadLanguageModule(InstalledPath("languages/" + list.Items[static_cast<size_t>(list.Index)] + ".txt"));
+    LoadLanguageModule(InstalledPath("languages/" + LanguageFiles[static_cast<size_t>(list.Index)]));
 }
 
 void LoadLanguageModule(const std::string& path)
@@ -304,9 +324,10 @@ void LoadLanguageModule(const std::string& path)
     Form_Activate();
     MakeFormCaption();
     MakeToolpositionColums();
+    ShowUnits();
     Interpreter();
     Shared.Changed = changed;
-    ShowDrawCaptions();
+    if (Drawing.ProgramWindowLoaded) frmProgramWindow_Load();
 }
 
 void mnuReset_Click()
@@ -326,10 +347,10 @@ void mnuReset_Click()
     const std::string language = Shared.LanguageFileName;
     const MachineKind machine = Shared.Machine;
     mnuNew_Click();
-    LoadSettings(std::nullopt);
     Shared.DrawBoxes = {};
     UnloadDrawing();
     frmDraw_Load();
+    LoadSettings(std::nullopt);
     Shared.LanguageFileName = language;
     LoadLanguageModule(language);
     Shared.Machine = machine;

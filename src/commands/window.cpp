@@ -3,6 +3,7 @@
 #include "commands/drawing.h"
 #include "commands/help.h"
 #include "commands/load.h"
+#include "commands/printing.h"
 #include "commands/program.h"
 #include "commands/save.h"
 #include "commands/settings.h"
@@ -64,6 +65,7 @@ void cmdTopButtons_Click(int index)
     case 0: mnuOpen_Click(); break;
     case 1: SaveFile_Click(false); break;
     case 2: mnuNew_Click(); break;
+    case 3: PrintDirect(); break;
     case 4: mnuSettingsShow_Click(); break;
     case 5: ToggleAxes(frmMain.picZXaxes); break;
     case 6: ToggleAxes(frmMain.picXYaxes); break;
@@ -119,7 +121,7 @@ bool EndTransmissionBeforeExit()
         AbandonTransmission(); // closed once more: nobody waits for a line that stands still
         return true;
     }
-    const MessageBox box{"A program is being transmitted. Stop it and exit?", TextOf(Messages::Continue),
+    const MessageBox box{Tr("A program is being sent. Stop it and leave?"), TextOf(Messages::Continue),
                          Buttons::YesNo, Icon::Question};
     if (ThePlatform->Show(box) != Answer::Yes) return false;
     Shared.ExitPending = true;

@@ -1,8 +1,10 @@
 #include "core/control_names.h"
 
+#include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/messages.h"
 
+#include <span>
 #include <string_view>
 
 namespace {
@@ -217,9 +219,62 @@ constexpr NameRow Names[] = {
     {"txtFind", "Text to find", "A text, then [ENTER]; [ESC] closes"},
 };
 
+/// The drawing window's: some of its records are called as others in the main window are.
+constexpr NameRow DrawNames[] = {
+    {"frControls", "Controls of the drawing", "Drag the controls by any free place"},
+    {"cmdAutoFit", "", "Fits scale and zero point to the program"},
+    {"cmdZeroPoint", "", "The next click in the picture sets the zero point"},
+    {"cmdRedraw", "", "Draws the program anew"},
+    {"chkAutoRedraw", "", "The picture follows each change"},
+    {"cboRun", "Run mode", "At once, step by step, or with a pause after each line"},
+    {"cboScale", "Scale", "The scale: the mouse wheel changes it too"},
+    {"cmdSavePicture", "", "Saves the picture as SVG, PNG or PDF"},
+    {"cmdPrint", "", "Prints the picture"},
+    {"cmdAbort", "", "Ends the drawing: [ESC]"},
+    {"cmdEditor", "", "Goes back to the editor; the drawing stays open"},
+    {"cmdStep", "", "Draws the next line"},
+    {"cmdCloseControls", "Close", "Hides these controls; a click in the picture brings them back"},
+    {"frView", "", "What the picture shows"},
+    {"chkShowRadii", "", "Shows the radii of arcs, dotted"},
+    {"chkToolWidth", "", "Draws cuts as wide as the tool"},
+    {"chkToolCenter", "", "Draws cuts as the path of the tool's centre"},
+    {"chkFillCycles", "", "Fills what the turning cycles take off"},
+    {"chkProgramWindow", "", "Lists the lines of the program beside the picture"},
+    {"chkGrid", "", "Shows a grid through the zero point"},
+    {"chkPrintableBackground", "", "Draws on white, as on paper"},
+    {"chkDiameter", "", "Shows X in the title as a diameter"},
+    {"frMeasure", "", "A third click in the picture ends measuring, also [ESC]"},
+    {"lblX", "", "The first coordinate"},
+    {"lblZ", "", "The second coordinate"},
+    {"lbl1", "", "The first point"},
+    {"lbl2", "", "The second point"},
+    {"txtMeasureX1", "First point, first coordinate",
+     "The first point; it can be changed after the second click"},
+    {"txtMeasureZ1", "First point, second coordinate",
+     "The first point; it can be changed after the second click"},
+    {"txtMeasureX2", "Second point, first coordinate",
+     "The second point; it can be changed after the second click"},
+    {"txtMeasureZ2", "Second point, second coordinate",
+     "The second point; it can be changed after the second click"},
+    {"lblDelta", "Difference", "The difference of the two points"},
+    {"lblMeasureDeltaX", "", "The difference of the two points"},
+    {"lblMeasureDeltaZ", "", "The difference of the two points"},
+    {"lblDelta2", "Difference in mm or inch", "The difference of the two points in mm or inch"},
+    {"lblMeasureDeltaXUnits", "", "The difference of the two points in mm or inch"},
+    {"lblMeasureDeltaZUnits", "", "The difference of the two points in mm or inch"},
+    {"lblXZ1XZ2", "", "The distance of the two points"},
+    {"lblMeasureDistance", "", "The distance of the two points"},
+    {"lblMeasureDistanceUnits", "", "The distance of the two points in mm or inch"},
+    {"lstCncLines", "Lines of the program", "The line that is being drawn"},
+};
+
 const NameRow* RowOf(const Control& control)
 {
-    for (const NameRow& row : Names) {
+    const Control* window = &control;
+    while (window->In != nullptr) window = window->In;
+    const bool ofDrawing = window == &frmDraw.Window || window == &frmProgramWindow.Window;
+    const std::span<const NameRow> rows = ofDrawing ? std::span<const NameRow>(DrawNames) : Names;
+    for (const NameRow& row : rows) {
         if (row.Control == control.Name) return &row;
     }
     return nullptr;

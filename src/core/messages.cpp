@@ -36,3 +36,10 @@ std::string Tr(std::string_view english, std::initializer_list<std::string_view>
     }
     return text;
 }
+
+std::string LimitTip(std::string_view limits)
+{
+    const size_t to = limits.find("TO");
+    if (to == std::string_view::npos) return "";
+    return Tr("%1 = Low, Hi = %2", {limits.substr(0, to), limits.substr(to + 2)});
+}

@@ -24,6 +24,8 @@ struct TranslatedTables {
     TextTable DrawWindowTable, DrawErrorTable, DrawMessageTable;
     /// Texts of this program alone, by their English form.
     std::map<std::string, std::string, std::less<>> Own;
+    /// Grows with each module that is read, so that a front end sees when its texts are of yesterday.
+    unsigned Version = 0;
 };
 extern TranslatedTables Translated;
 
@@ -42,6 +44,9 @@ std::string TextOf(const Message& message);
 std::string Tr(std::string_view english);
 /// The same for a text with places for values: "%1 lines with messages".
 std::string Tr(std::string_view english, std::initializer_list<std::string_view> values);
+
+/// The tip of a field with this limit string: "-5999 = Low, Hi = 5999" for "-5999TO5999".
+std::string LimitTip(std::string_view limits);
 
 namespace Messages {
 using T = TranslatedTables;

@@ -109,6 +109,8 @@ struct SharedState {
     std::string EntryCaption;
     /// Paths of the files opened or saved last, the latest first.
     std::vector<std::string> RecentFiles;
+    /// The file that was named last in the dialog of program files; "" for none.
+    std::string DialogFile;
     /// The printer's font and its size in points, as they were last taken over from their boxes.
     std::string FontName, FontSize = "10";
     /// The language module in use: its path, the language's name, the translator; "" without one.

@@ -45,29 +45,36 @@ bool IsMill()
     return Shared.Machine == MachineKind::F1;
 }
 
-void KeepBoxes()
+/// Keeps the value of a box beyond the window. Each box keeps its own alone, so that those of the other
+/// machine stay as they were chosen there.
+void Keep(const Control& box)
 {
-    for (const BoxRow& row : Boxes) Shared.DrawBoxes.*row.Value = (frmDraw.*row.Box).Value;
+    for (const BoxRow& row : Boxes) {
+        if (&(frmDraw.*row.Box) == &box) Shared.DrawBoxes.*row.Value = box.Value;
+    }
 }
 
-void RedrawIfAuto()
+/// A box that changes nothing but what the next drawing shows. Boxes that are set while the window comes to
+/// the front are drawn with what else is pending then.
+void BoxClicked(const Control& box)
 {
-    if (frmDraw.chkAutoRedraw.Value == 1 && !Drawing.ListsBusy) Redraw();
-}
-
-/// A box that changes nothing but what the next drawing shows.
-void BoxClicked()
-{
-    KeepBoxes();
-    RedrawIfAuto();
+    Keep(box);
+    if (frmDraw.chkAutoRedraw.Value != 1) return;
+    if (Drawing.ListsBusy) {
+        Shared.RedrawPending = true;
+    } else {
+        Redraw();
+    }
 }
 
 /// One of the mill's two tool views is always on.
-void ToolViewClicked(Control& other)
+void ToolViewClicked(const Control& box, Control& other)
 {
-    if (IsMill() && frmDraw.chkToolWidth.Value == 0 && frmDraw.chkToolCenter.Value == 0)
-        SetCheck(other, true);
-    BoxClicked();
+    if (IsMill() && box.Value == 0 && other.Value == 0) {
+        other.Value = 1;
+        Keep(other);
+    }
+    BoxClicked(box);
 }
 
 void ShowBoxesOfMachine()
@@ -148,6 +155,7 @@ void LoadSettings()
     if (!HasUserFile(DrawSettingsFile)) {
         window.Left = (Shared.Screen.Width - window.Width) / 2;
         window.Top = (Shared.Screen.Height - window.Height) / 2;
+        PlaceWindow(frmProgramWindow.Window, ProgramWindowPlace(PlaceOf(frmProgramWindow.Window)));
         return;
     }
     const std::string bytes = ReadUserFile(DrawSettingsFile);
@@ -187,6 +195,8 @@ void frmDraw_Load()
 void frmDraw_Activate()
 {
     Shared.ErrorsPresent = false;
+    // A title that the box of the diameter has left says nothing on the mill.
+    if (IsMill() && frmDraw.Window.Text.ends_with('=')) frmDraw.Window.Text = Tr("Drawing");
     // What the boxes set off is drawn together with the rest.
     Drawing.ListsBusy = true;
     ShowDrawCaptions();
@@ -216,17 +226,17 @@ void frmDraw_Close()
 
 void chkShowRadii_Click()
 {
-    BoxClicked();
+    BoxClicked(frmDraw.chkShowRadii);
 }
 
 void chkToolWidth_Click()
 {
-    ToolViewClicked(frmDraw.chkToolCenter);
+    ToolViewClicked(frmDraw.chkToolWidth, frmDraw.chkToolCenter);
 }
 
 void chkToolCenter_Click()
 {
-    ToolViewClicked(frmDraw.chkToolWidth);
+    ToolViewClicked(frmDraw.chkToolCenter, frmDraw.chkToolWidth);
 }
 
 void chkFillCycles_click()
@@ -236,28 +246,28 @@ void chkFillCycles_click()
         return;
     }
     ApplyFillStyle();
-    BoxClicked();
+    BoxClicked(frmDraw.chkFillCycles);
 }
 
 void chkProgramWindow_Click()
 {
-    BoxClicked();
+    BoxClicked(frmDraw.chkProgramWindow);
 }
 
 void chkGrid_Click()
 {
     ApplyFillStyle();
-    BoxClicked();
+    BoxClicked(frmDraw.chkGrid);
 }
 
 void chkPrintableBackground_Click()
 {
-    BoxClicked();
+    BoxClicked(frmDraw.chkPrintableBackground);
 }
 
 void chkDiameter_Click()
 {
-    KeepBoxes();
+    Keep(frmDraw.chkDiameter);
     if (IsMill()) return;
     const bool diameter = frmDraw.chkDiameter.Value == 1;
     frmDraw.Window.Text = TextOf(diameter ? Messages::XDiameter : Messages::XRadius) + "=";
@@ -265,8 +275,7 @@ void chkDiameter_Click()
 
 void chkAutoRedraw_Click()
 {
-    KeepBoxes();
-    RedrawIfAuto();
+    BoxClicked(frmDraw.chkAutoRedraw);
 }
 
 void cboRun_Click()
@@ -281,7 +290,7 @@ void cboRun_Click()
 void cboScale_Click()
 {
     SetScale(ScaleOfIndex(frmDraw.cboScale.Index));
-    RedrawIfAuto();
+    if (frmDraw.chkAutoRedraw.Value == 1 && !Drawing.ListsBusy) Redraw();
 }
 
 void cmdRedraw_Click()

@@ -26,6 +26,8 @@ struct DrawingState {
 
     /// Canvas position of the program's zero point.
     double ZeroPointX = 0, ZeroPointY = 0;
+    /// The user has moved the picture, so that the zero point may lie left of the canvas.
+    bool PictureMoved = false;
     /// The walk waits at each line for cmdStep. Keeps its last value when the walk has ended.
     bool Stepping = false;
     /// The walk ends behind the current line.

@@ -10,6 +10,7 @@
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
 #include "drawing/line_figures.h"
+#include "drawing/program_window.h"
 #include "drawing/view.h"
 #include "drawing/walk.h"
 #include "ui/focus.h"
@@ -130,12 +131,25 @@ void SetMeasurePoint(size_t point, double x, double y)
     SetDrawControls(false);
 }
 
-/// Erases the marks that the picture still has: a drawing in between has erased them already.
-void EraseMarks()
+/// Erases the mark of a point that the picture still has: a drawing in between has erased it already.
+void EraseMark(size_t point)
 {
     if (Drawing.MarksOn != Picture.Generation()) return;
-    for (size_t point = 0; point < 2; ++point)
-        MeasureCross(Drawing.MeasurePoints[point * 2], Drawing.MeasurePoints[point * 2 + 1]);
+    MeasureCross(Drawing.MeasurePoints[point * 2], Drawing.MeasurePoints[point * 2 + 1]);
+}
+
+void EraseMarks()
+{
+    EraseMark(0);
+    if (Drawing.MeasureDone) EraseMark(1);
+}
+
+/// Ends a measurement without a trace.
+void GiveMeasureUp()
+{
+    EraseMarks();
+    EndMeasure();
+    Drawing.Crosshair = false;
 }
 
 void PickZeroPoint(double x, double y)
@@ -145,6 +159,7 @@ void PickZeroPoint(double x, double y)
     Attempt("frmDraw_MouseDown", [&] { Drawing.Canvas->SetPen(x, y); });
     Drawing.ZeroPointX = x;
     Drawing.ZeroPointY = y;
+    Drawing.PictureMoved = false;
     MakeZeroPoint();
     Redraw();
 }
@@ -194,13 +209,22 @@ bool frmDraw_DblClick(double x, double y)
     constexpr double Near = 90; // 6 pixels
     const int line = LineAt(x, y, Near);
     if (line == 0 || line > lvCncProgram.RowCount()) return false;
-    if (Drawing.MeasureStarted && !Drawing.MeasureDone) {
-        MeasureCross(Drawing.MeasurePoints[0], Drawing.MeasurePoints[1]);
-        EndMeasure();
-        Drawing.Crosshair = false;
-    }
+    if (Drawing.MeasureStarted && !Drawing.MeasureDone) GiveMeasureUp();
     SelectRow(line);
+    ShowSelectedProgramLine();
     return true;
+}
+
+void frmDraw_Escape()
+{
+    if (Drawing.DrawingNow) {
+        cmdAbort_Click();
+    } else if (Drawing.PickingZeroPoint) {
+        Drawing.PickingZeroPoint = Drawing.Crosshair = false;
+        Redraw();
+    } else if (Drawing.MeasureStarted) {
+        GiveMeasureUp();
+    }
 }
 
 void MeasureCross(double x, double y)

@@ -25,6 +25,10 @@ void MeasureCross(double x, double y);
 /// point, which is taken back. False, and nothing, where there is no figure.
 bool frmDraw_DblClick(double x, double y);
 
+/// [ESC] leaves what goes on: it aborts a walk, goes back from the choice of a zero point to the picture, or
+/// ends a measurement and erases its marks.
+void frmDraw_Escape();
+
 /// Gives a measurement up, without erasing its marks.
 void EndMeasure();
 

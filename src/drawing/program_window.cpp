@@ -93,6 +93,14 @@ void frmProgramWindow_Resize()
     frmProgramWindow.lstCncLines.Height = frmProgramWindow.Window.Height - 600;
 }
 
+void ShowSelectedProgramLine()
+{
+    Control& list = frmProgramWindow.lstCncLines;
+    const int rows = static_cast<int>(list.Items.size());
+    if (Drawing.DrawingNow || rows != lvCncProgram.RowCount() || lvCncProgram.Selected < 1) return;
+    list.Index = std::min(lvCncProgram.Selected, rows) - 1;
+}
+
 void FillProgramWindow()
 {
     if (!Drawing.ProgramWindowLoaded) frmProgramWindow_Load();

@@ -12,5 +12,8 @@ void frmProgramWindow_Load();
 /// Shows the labels of the machine's columns and puts each over its column.
 void SetProgramColumns();
 
+/// Shows the line that is selected in the editor, unless a walk is at one or a message stands at the end.
+void ShowSelectedProgramLine();
+
 /// The list follows the window's size.
 void frmProgramWindow_Resize();

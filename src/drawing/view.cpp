@@ -40,6 +40,12 @@ Extents ReadExtents()
     return {number(axes.TravelV), number(axes.TravelH), number(axes.OriginV), number(axes.OriginH)};
 }
 
+/// The marks of a measurement would stay behind; a zero point that is being chosen has no picture yet.
+bool IsPictureHeld()
+{
+    return Drawing.MeasureStarted || Drawing.PickingZeroPoint;
+}
+
 /// Index of the largest scale at which a travel fits into a size in twips; -1 when none is small enough.
 int FittingIndex(double size, double travel)
 {
@@ -103,6 +109,7 @@ void CenterZeroPoint()
     Drawing.ZeroPointX = (CanvasWidth() - extents.TravelH * scale) / 2 + std::abs(extents.OriginH * scale);
     Drawing.ZeroPointY =
         (CanvasHeight() - Margin - extents.TravelV * scale) / 2 + std::abs(extents.OriginV * scale);
+    Drawing.PictureMoved = false;
 }
 
 void MakeZeroPoint()
@@ -174,9 +181,11 @@ void ApplyFillStyle()
 
 void StepScale(int steps, double x, double y)
 {
-    const int present = frmDraw.cboScale.Index < 0 ? ScaleOneIndex : frmDraw.cboScale.Index;
-    const int index = std::clamp(present + steps, 0, static_cast<int>(frmDraw.cboScale.Items.size()) - 1);
-    if (index == frmDraw.cboScale.Index || Drawing.MeasureStarted) return;
+    // A fit may have chosen a scale below the list, which only grows into it.
+    const int present = std::ilogb(Shared.DrawScale) + ScaleOneIndex;
+    const int last = static_cast<int>(frmDraw.cboScale.Items.size()) - 1;
+    const int index = std::clamp(present + steps, std::min(present, 0), last);
+    if (index < 0 || index == present || IsPictureHeld()) return;
     const double ratio = double{ScaleOfIndex(index)} / Shared.DrawScale;
     Drawing.ListsBusy = true;
     PickItem(frmDraw.cboScale, index);
@@ -186,8 +195,9 @@ void StepScale(int steps, double x, double y)
 
 void MoveZeroPoint(double across, double down)
 {
-    if (Drawing.MeasureStarted) return; // its marks would stay behind
+    if (IsPictureHeld()) return;
     Drawing.ZeroPointX += across;
     Drawing.ZeroPointY += down;
+    Drawing.PictureMoved = true;
     Redraw();
 }

@@ -29,7 +29,8 @@ Color ContrastColor();
 /// Sets the fill of closed figures by the boxes of grid and fill.
 void ApplyFillStyle();
 
-/// Steps the scale through its list, the point of the canvas fixed, and draws.
+/// Steps the scale through its list, the point of the canvas fixed, and draws. This and MoveZeroPoint do
+/// nothing during a measurement and while a zero point is being chosen.
 void StepScale(int steps, double x, double y);
 
 /// Moves the zero point across the canvas and draws.

@@ -61,7 +61,7 @@ void Prepare(WalkState& walk)
     canvas.SetBackColor(frmDraw.chkPrintableBackground.Value == 1 ? Colors::White : Colors::Black);
 
     // The zero point lies in the middle until one is chosen or fitted.
-    const bool chosen = Drawing.ZeroPointX > 0;
+    const bool chosen = Drawing.ZeroPointX > 0 || Drawing.PictureMoved;
     const double startX = chosen ? Drawing.ZeroPointX : InnerWidth() / 2.0;
     const double startY = chosen ? Drawing.ZeroPointY : InnerHeight() / 2.0;
     if (frmDraw.chkGrid.Value == 1 && first) MakeGrid(startX, startY);
@@ -177,7 +177,7 @@ Task DrawProgram(bool centerLine, int pass)
             if (effect.Pauses && walk.Pass == 1 && walk.Interval > 1) co_await Delay(walk.Interval);
         }
 
-        if (Drawing.Stepping) {
+        if (Drawing.Stepping && !DrawSlot.WithoutWaits) {
             frmDraw.cmdStep.Visible = frmDraw.cmdStep.Enabled = true;
             if (frmDraw.frControls.Visible) SetFocus(frmDraw.cmdStep);
             co_await DrawSlot.Until([] { return Drawing.StepReleased; });

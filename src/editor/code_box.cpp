@@ -15,14 +15,6 @@
 
 namespace {
 
-void ShowLetterTip()
-{
-    if (Shared.Machine == MachineKind::MK2) return;
-    const std::string tip = Tr(EqualsNoCase(frmMain.lblGMcode.Text, "M") ? "[-] = G-code" : "[-] = M-code");
-    for (Control* control : {&frmMain.lblGMcode, &frmMain.lblCode, &frmMain.txtGMcode})
-        control->ToolTip = tip;
-}
-
 /// The user wants a letter. MK2 has G codes alone.
 void ToggleLetter(char typed)
 {
@@ -91,6 +83,13 @@ void TakeItem(const Control& list, Control* sister, const char* letter)
 
 } // namespace
 
+void ShowLetterTip()
+{
+    const std::string tip = Tr(EqualsNoCase(frmMain.lblGMcode.Text, "M") ? "[-] = G-code" : "[-] = M-code");
+    for (Control* control : {&frmMain.lblGMcode, &frmMain.lblCode, &frmMain.txtGMcode})
+        control->ToolTip = tip;
+}
+
 Control& CodeListOf(bool letterM)
 {
     switch (Shared.Machine) {
@@ -112,7 +111,6 @@ char txtGMcode_KeyPress(Control&, char typed)
     } else if (c == '-' || c == 'G' || c == 'M') {
         ToggleLetter(c);
     }
-    ShowLetterTip();
     return passes;
 }
 

@@ -4,6 +4,9 @@
 
 #include "core/control.h"
 
+/// The tip of the code box and its labels: which letter [-] gives.
+void ShowLetterTip();
+
 char txtGMcode_KeyPress(Control& box, char typed);
 bool txtGMcode_KeyDown(Control& box, const KeyStroke& key);
 void txtGMcode_GotFocus(Control& box);

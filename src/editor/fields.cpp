@@ -2,6 +2,7 @@
 
 #include "core/codes.h"
 #include "core/main_window.h"
+#include "core/messages.h"
 #include "core/shared_state.h"
 #include "core/text.h"
 #include "ui/focus.h"
@@ -144,10 +145,10 @@ std::string LimitOf(Limit within)
 void ShowField(const Field& field, Control& label, Control& box)
 {
     if (field.Within == Limit::Hidden) return;
-    label.Text = field.Caption;
+    label.Text = Tr(field.Caption);
     label.Visible = box.Visible = true;
     box.Tag = LimitOf(field.Within);
-    if (!box.Tag.empty()) box.ToolTip = ReplaceEach(box.Tag, "TO", " = Low, Hi = ");
+    if (!box.Tag.empty()) box.ToolTip = LimitTip(box.Tag);
 }
 
 const FieldRow* RowOf(Code code)

@@ -169,7 +169,7 @@ void LineDelete()
     const int at = lvCncProgram.Selected;
     if (FindNoCase(lvCncProgram.Row(at)[CellN], "N") != std::string::npos) return;
     if (frmMain.chkSettingsDWC.Value == 0) {
-        const MessageBox box{TextOf(Messages::DeleteLine), "Confirm", Buttons::YesNo};
+        const MessageBox box{TextOf(Messages::DeleteLine), Tr("Confirm"), Buttons::YesNo};
         if (ThePlatform->Show(box) != Answer::Yes) return;
     }
     Shared.Changed = true;

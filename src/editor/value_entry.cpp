@@ -168,10 +168,10 @@ void EvalText(Control& field)
     if (field.Tag.empty() || limits.size() != 2) return;
     const int low = ToInt32(Val(limits[0])), high = ToInt32(Val(limits[1]));
     if (value < low) {
-        RefuseValue(field, TextOf(Messages::LowestValue) + " " + std::to_string(low), "Value Check",
+        RefuseValue(field, TextOf(Messages::LowestValue) + " " + std::to_string(low), Tr("Value Check"),
                     Icon::Information);
     } else if (value > high) {
-        RefuseValue(field, TextOf(Messages::HighestValue) + " " + std::to_string(high), "Value Check",
+        RefuseValue(field, TextOf(Messages::HighestValue) + " " + std::to_string(high), Tr("Value Check"),
                     Icon::None);
     }
 }

@@ -10,6 +10,7 @@
 #include "core/text.h"
 #include "editor/code_box.h"
 #include "editor/fields.h"
+#include "editor/math_string.h"
 #include "editor/value_entry.h"
 #include "interpreter/interpreter.h"
 #include "ui/columns.h"
@@ -52,6 +53,22 @@ void ConvertRow(ProgramLine& row, double factor)
     if (IsFeedOrPitch(row[CellF])) ConvertCell(row[CellF], 3, factor);
 }
 
+/// What stands in the fields of the entry, shown or kept to be proposed for the next line, means the same
+/// length and the same feed as before, and the limits are those of the new units.
+void ConvertEntry(double factor)
+{
+    const auto scale = [&](Control& field) {
+        const std::string value = IsBlank(field.Text) ? "" : MathString(field.Text);
+        if (!IsNumeric(value)) return;
+        Attempt("Convert", [&] { field.Text = FormatWhole(ToInt16(Val(value) * factor), 2); });
+    };
+    scale(frmMain.txtXI);
+    if (frmMain.lblYJ.Text != "S") scale(frmMain.txtYJ);
+    scale(frmMain.txtZK);
+    if (frmMain.lblFKTL.Text == "F" || frmMain.lblFKTL.Text == "K") scale(frmMain.txtFKTL);
+    if (!frmMain.txtGMcode.Text.empty()) SetUpFields(frmMain.txtGMcode.Text);
+}
+
 /// The description of the first item whose first `length` characters, trimmed, are the code; "" for none.
 std::string DescriptionOf(const Control& list, std::string_view code, size_t length)
 {
@@ -81,6 +98,7 @@ void Convert(double factor)
     Shared.Changed = true;
     for (int i = 1; i <= LineCount(); ++i) ConvertRow(lvCncProgram.Row(i), factor);
     SetUnits(factor == MillimetresPerInch);
+    ConvertEntry(factor);
 }
 
 void mnuMMtoINCH_click()

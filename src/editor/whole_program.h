@@ -8,6 +8,7 @@
 /// pitches (on the mill also the pulses of M26, which stand in their place) are scaled and rounded one by
 /// one, half to even; tools, line targets and the mill's spindle speed stay. A value beyond 16 bits stays as
 /// it was and is logged; one that is wider than its field loses its first digits, unlogged.
+/// The fields of the entry are converted in the same way.
 void Convert(double factor);
 void mnuMMtoINCH_click();
 void mnuINCHtoMM_click();

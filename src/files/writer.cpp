@@ -25,9 +25,10 @@ void AppendColumn(std::string& text, std::string_view content)
     text.append(length < 9 ? 10 - length : 1, ' ').append(content);
 }
 
-bool IsPrinted(size_t cell)
+/// Whether the listing has the column.
+bool IsListed(size_t cell)
 {
-    return Shared.PrintMode && lvCncProgram.Widths[cell] > 0;
+    return lvCncProgram.Widths[cell] > 0;
 }
 
 void AppendNotes(std::string& text)
@@ -44,15 +45,11 @@ void AppendNotes(std::string& text)
 
 void AppendHeader(std::string& text)
 {
-    const Header& header = Headers[static_cast<size_t>(Shared.Machine)];
+    const std::string_view header = Headers[static_cast<size_t>(Shared.Machine)].File;
     if (Shared.PrintMode) {
-        text += header.Listing;
-        for (size_t cell = CellError; cell <= CellComment; ++cell) {
-            if (IsPrinted(cell)) AppendColumn(text, lvCncProgram.Headers[cell]);
-        }
-        text += LineEnd;
-    } else if (!header.File.empty()) {
-        text.append(header.File).append(LineEnd);
+        text.append(ListingHeader()).append(LineEnd);
+    } else if (!header.empty()) {
+        text.append(header).append(LineEnd);
     }
 }
 
@@ -83,7 +80,7 @@ void AppendLine(std::string& text, const ProgramLine& row)
 {
     AppendFields(text, row);
     for (size_t cell = CellError; cell <= CellTime; ++cell) {
-        if (IsPrinted(cell)) AppendColumn(text, row[cell]);
+        if (Shared.PrintMode && IsListed(cell)) AppendColumn(text, row[cell]);
     }
     // On MK4 the file has one more blank in front of the comment.
     text.append(Shared.Machine == MachineKind::MK4 ? "  " : " ")
@@ -99,6 +96,15 @@ void AppendTrailer(std::string& text)
 }
 
 } // namespace
+
+std::string ListingHeader()
+{
+    std::string text(Headers[static_cast<size_t>(Shared.Machine)].Listing);
+    for (size_t cell = CellError; cell <= CellComment; ++cell) {
+        if (IsListed(cell)) AppendColumn(text, lvCncProgram.Headers[cell]);
+    }
+    return text;
+}
 
 std::string GenerateAll()
 {

@@ -8,3 +8,6 @@
 /// while Shared.PrintMode is set. "" when the program has no lines. Only reads cells: a program with
 /// errors is written with its errors.
 std::string GenerateAll();
+
+/// The line with the titles of the listing's columns, without its line end; blank on MK2 without columns.
+std::string ListingHeader();

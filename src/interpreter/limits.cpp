@@ -176,6 +176,6 @@ void ClampFeeds()
     for (Control* box : {&frmMain.txtFeedA, &frmMain.txtFeedB}) {
         box->Text = FormatWhole(std::clamp<double>(Val(box->Text), range.Low, range.High), 1);
         box->Tag = std::to_string(range.Low) + "TO" + std::to_string(range.High);
-        box->ToolTip = ReplaceEach(box->Tag, "TO", " = Low, Hi = ");
+        box->ToolTip = LimitTip(box->Tag);
     }
 }

@@ -68,9 +68,6 @@ public:
 
     /// The folder of the running program without a separator at its end.
     virtual std::string ProgramFolder() = 0;
-
-    /// The names of the fonts that the printer has, in its order; empty without a printer.
-    virtual std::vector<std::string> PrinterFonts() = 0;
 };
 
 /// The platform in use. Never null: until a front end sets its own, it is a scripted one.

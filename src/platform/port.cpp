@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <tuple>
 
 namespace {
 
@@ -36,30 +37,18 @@ std::optional<LineParameters> ReadLineParameters(std::string_view text)
     return LineParameters{std::stoi(std::string(baud)), parity[0], dataBits[0] - '0', stopBits[0] - '0'};
 }
 
-std::string ReasonGone(const std::string& device)
+void OrderPorts(std::vector<std::string>& devices)
 {
-    return device + " is gone: plug it in, then enable communication again";
-}
-
-std::string ReasonMissing(const std::string& device)
-{
-    return device.empty() ? "there is no such port: plug in an adapter, then choose it on the COM tab"
-                          : device + " is not there: plug it in, or choose another port";
-}
-
-std::string ReasonHeld(const std::string& device)
-{
-    return device + " is used by another program: close that, then enable communication again";
-}
-
-std::string ReasonForbidden(const std::string& device, const std::string& group)
-{
-    return "no permission for " + device + ": add yourself to the group " + group + " and log in again";
-}
-
-std::string ReasonRefused(const std::string& device, const std::string& parameters)
-{
-    return device + " doesn't take the line parameters " + parameters + ": choose others";
+    // Adapters first, then by name, and within one by the number behind it: ttyUSB2 before ttyUSB10.
+    const auto place = [](const std::string& device) {
+        const size_t name = device.find_last_not_of("0123456789") + 1;
+        const bool usb = device.starts_with("ttyUSB") || device.starts_with("ttyACM");
+        const std::string number = device.substr(name);
+        return std::tuple(!usb, device.substr(0, name), number.size(), number);
+    };
+    std::sort(devices.begin(), devices.end(),
+              [&](const std::string& a, const std::string& b) { return place(a) < place(b); });
+    if (devices.size() > MaxPorts) devices.resize(MaxPorts);
 }
 
 void LinePace::Add(size_t bytes, Clock::time_point now)

@@ -32,20 +32,33 @@ struct LineParameters {
 std::optional<LineParameters> ReadLineParameters(std::string_view text);
 
 /// Why the port failed. Number is a run-time failure number: 8005 another program holds it, 8018 it isn't
-/// open or can't be, 70 no permission. Reason is a sentence in the user's words that says what to do, or "".
+/// open or can't be, 70 no permission.
 struct PortFailure {
     int Number = 0;
-    std::string Reason = {};
+    /// One of PortReasons, or "" when nothing more is known.
+    std::string_view Reason = {};
+    /// What stands in the places %1 and %2 of Reason.
+    std::string Names[2] = {};
     /// The port is fine, but doesn't take these line parameters.
     bool Refused = false;
 };
 
-/// What a user can do about a port; parts of PortFailure::Reason.
-std::string ReasonGone(const std::string& device);
-std::string ReasonMissing(const std::string& device);
-std::string ReasonHeld(const std::string& device);
-std::string ReasonForbidden(const std::string& device, const std::string& group);
-std::string ReasonRefused(const std::string& device, const std::string& parameters);
+/// What the user can do about a port, in English: whoever shows one of them translates it.
+namespace PortReasons {
+inline constexpr std::string_view None = "There is no serial port";
+/// %1: the device, or the group that may use it.
+inline constexpr std::string_view Gone = "%1 is gone: check the cable or the adapter";
+inline constexpr std::string_view Held = "%1 is used by another program";
+inline constexpr std::string_view Forbidden = "no permission: add yourself to the group %1";
+inline constexpr std::string_view Refused = "%1 does not take these settings";
+/// %2: why, NoSuchPort or the system's words.
+inline constexpr std::string_view NotOpened = "%1 cannot be opened: %2";
+inline constexpr std::string_view NoSuchPort = "there is no such port";
+} // namespace PortReasons
+
+/// Puts the devices of serial ports into the order in which they are numbered: adapters at the USB by their
+/// number, then all others; at most MaxPorts are left.
+void OrderPorts(std::vector<std::string>& devices);
 
 enum class PortEvent {
     Sent = 1,     ///< what was written has nearly left, or has left

@@ -31,7 +31,7 @@ void RecordingPort::Unplug()
     if (!Opened) return;
     Opened = false;
     Waiting = 0;
-    Last = {NotOpen, ReasonGone("ttyUSB" + std::to_string(Number - 1))};
+    Last = {NotOpen, PortReasons::Gone, {"ttyUSB" + std::to_string(Number - 1)}};
     Raise(PortEvent::Failed);
 }
 
@@ -48,7 +48,7 @@ std::optional<PortFailure> RecordingPort::Open()
 {
     if (const auto failure = Fault()) return failure;
     if (Opened) return PortFailure{AlreadyOpen};
-    if (Unplugged || Number > Count) return PortFailure{NotOpen, ReasonMissing("")};
+    if (Unplugged || Number > Count) return PortFailure{NotOpen, PortReasons::None};
     Opened = true;
     return std::nullopt;
 }

@@ -1,11 +1,13 @@
 // scripted.h: a platform without a toolkit, for the console program and the tests.
 //
-// Boxes and dialogs are answered from queues and recorded; the clock stands still; the port only records.
+// Boxes and dialogs are answered from queues and recorded; the clock stands still; port and printer only
+// record.
 
 #pragma once
 
 #include "platform/platform.h"
 #include "platform/recording_port.h"
+#include "platform/recording_printer.h"
 
 #include <deque>
 #include <vector>
@@ -26,7 +28,8 @@ public:
         MessageBox Box;
         Answer Given;
     };
-    /// A file or colour dialog: "open", "save" or "color", what it proposed, the answer if not cancelled.
+    /// A file, colour or printer dialog: "open", "save", "color" or "printer", what it proposed, the answer
+    /// if not cancelled.
     struct ShownDialog {
         std::string Kind, Name, Filter;
         std::optional<std::string> Given;
@@ -38,6 +41,7 @@ public:
     std::vector<std::string> Launched;
     int Beeps = 0;
     RecordingPort Port;
+    RecordingPrinter Printer;
 
     DateTime Clock{2026, 1, 2, 3, 4, 5};
     std::string DataFolder, OtherFolder;
@@ -51,8 +55,4 @@ public:
     std::string LocalDataFolder() override { return DataFolder; }
     std::string SettingsFolder() override { return OtherFolder; }
     std::string ProgramFolder() override;
-    std::vector<std::string> PrinterFonts() override
-    {
-        return {"Courier New", "DejaVu Sans", "Liberation Mono"};
-    }
 };

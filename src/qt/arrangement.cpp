@@ -165,8 +165,9 @@ void LayOutButtons(const ControlWidgets& widgets)
     BoxIn(Of(widgets, main.frCmdEditor1), QBoxLayout::LeftToRight)->addWidget(Of(widgets, main.cmdInsert));
     BoxIn(Of(widgets, main.frCmdEditor2), QBoxLayout::LeftToRight)->addWidget(Of(widgets, main.cmdDelete));
     QBoxLayout* const run = BoxIn(Of(widgets, main.frCmdEditor3), QBoxLayout::LeftToRight);
-    for (const Control* button : {&main.cmdRun, &main.cmdStep, &main.cmdStop})
-        run->addWidget(Of(widgets, *button));
+    // The word for Run is the longest in some languages.
+    run->addWidget(Of(widgets, main.cmdRun), 12);
+    for (const Control* button : {&main.cmdStep, &main.cmdStop}) run->addWidget(Of(widgets, *button), 10);
     for (const Control* button :
          {&main.cmdInsert, &main.cmdDelete, &main.cmdRun, &main.cmdStep, &main.cmdStop}) {
         Of(widgets, *button)->setMinimumWidth(0);
@@ -450,8 +451,10 @@ void PlaceBottom(const ControlWidgets& widgets, const QWidget& content)
     for (int i = 0; i < 3; ++i)
         Put(widgets, *frames[i],
             {buttonsLeft, top + i * (third + Gap), buttonsWidth, i < 2 ? third : height - 2 * (third + Gap)});
-    // The four buttons of the reception have long captions: they reach over the entry, which is locked then.
-    Put(widgets, main.frCmdRX, QRect(QPoint(Space, top), QPoint(right - 1, bottom - 1)));
+    // The buttons of the reception have long captions: they reach over the entry, which is locked then, and
+    // over the buttons beside it unless a transmission needs its Stop.
+    const int receiveEnd = Shared.Transmitting ? buttonsLeft - Space : right;
+    Put(widgets, main.frCmdRX, QRect(QPoint(Space, top), QPoint(receiveEnd - 1, bottom - 1)));
     Put(widgets, main.frEntry, QRect(QPoint(Space, top), QPoint(buttonsLeft - Space - 1, bottom - 1)));
     // Behind a run Stop has nothing to do; its room belongs to the other buttons.
     widgets.Of(main.cmdStop)->setVisible(main.cmdStop.Visible && (Shared.RunLocked || Shared.Transmitting));

@@ -2,6 +2,7 @@
 
 #include "commands/windows.h"
 #include "core/draw_window.h"
+#include "core/messages.h"
 #include "core/program_list.h"
 #include "drawing/drawing_state.h"
 #include "drawing/line_figures.h"
@@ -19,7 +20,6 @@ constexpr double TwipsToPixel = 15;
 CanvasView::CanvasView(Desktop& desktop, QWidget* parent) : QWidget(parent), Events(desktop)
 {
     setObjectName("canvas");
-    setAccessibleName("Tool path");
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -44,6 +44,8 @@ void CanvasView::Begin()
 
 void CanvasView::Render()
 {
+    if (const QString name = QString::fromStdString(Tr("Tool path")); accessibleName() != name)
+        setAccessibleName(name);
     const auto& operations = Picture.Operations();
     if (Canvas == nullptr || Generation != Picture.Generation() || Painted > operations.size()) {
         Begin();
@@ -57,6 +59,13 @@ void CanvasView::Render()
         MarkedLine = lvCncProgram.Selected;
         Mark = FiguresOfLine(MarkedLine);
         update();
+    }
+    // Another drawing may have another scale and zero point.
+    if (Pointer && ReadoutOf != Generation) {
+        ReadoutOf = Generation;
+        Events.RunLater([this] {
+            if (Pointer) ReadOut(*Pointer);
+        });
     }
     const Qt::CursorShape pointer = Drawing.Crosshair ? Qt::CrossCursor : Qt::ArrowCursor;
     if (cursor().shape() != pointer) setCursor(pointer);
@@ -93,9 +102,22 @@ void CanvasView::resizeEvent(QResizeEvent* event)
     Render();
 }
 
+void CanvasView::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    Pointer.reset();
+}
+
 QPointF CanvasView::InTwips(const QPointF& at) const
 {
     return at * (TwipsToPixel * 96.0 / logicalDpiX());
+}
+
+void CanvasView::ReadOut(const QPointF& at)
+{
+    Pointer = at;
+    ReadoutOf = Picture.Generation();
+    frmDraw_MouseMove(at.x(), at.y());
 }
 
 void CanvasView::mousePressEvent(QMouseEvent* event)
@@ -105,9 +127,12 @@ void CanvasView::mousePressEvent(QMouseEvent* event)
         Held = at;
         return;
     }
+    // A finger or a pen may not have moved here before, and won't move before the user looks.
     Events.Run([&] {
         BringToFront(frmDraw.Window);
+        ReadOut(at);
         frmDraw_MouseDown(at.x(), at.y());
+        ReadOut(at);
     });
 }
 
@@ -119,7 +144,7 @@ void CanvasView::mouseMoveEvent(QMouseEvent* event)
             MoveZeroPoint(at.x() - Held->x(), at.y() - Held->y());
             Held = at;
         }
-        frmDraw_MouseMove(at.x(), at.y());
+        ReadOut(at);
     });
 }
 
@@ -131,20 +156,27 @@ void CanvasView::mouseReleaseEvent(QMouseEvent* event)
 void CanvasView::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QPointF at = InTwips(event->position());
-    if (event->button() != Qt::LeftButton) return;
-    Events.Run([&] {
-        if (!frmDraw_DblClick(at.x(), at.y())) frmDraw_MouseDown(at.x(), at.y());
-    });
+    bool onFigure = false;
+    if (event->button() == Qt::LeftButton) {
+        Events.Run([&] {
+            onFigure = frmDraw_DblClick(at.x(), at.y());
+            if (onFigure) ReadOut(at);
+        });
+    }
+    if (!onFigure) mousePressEvent(event);
 }
 
 void CanvasView::wheelEvent(QWheelEvent* event)
 {
     const QPointF at = InTwips(event->position());
-    const int steps = event->angleDelta().y() > 0 ? 1 : event->angleDelta().y() < 0 ? -1 : 0;
+    event->accept();
+    // A touchpad turns the wheel by small parts of a step.
+    Turned += event->angleDelta().y();
+    const int steps = Turned / QWheelEvent::DefaultDeltasPerStep;
     if (steps == 0) return;
+    Turned %= QWheelEvent::DefaultDeltasPerStep;
     Events.Run([&] {
         StepScale(steps, at.x(), at.y());
-        frmDraw_MouseMove(at.x(), at.y());
+        ReadOut(at);
     });
-    event->accept();
 }

@@ -25,6 +25,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -35,6 +36,8 @@ private:
     void Begin();
     void PaintMark(QPainter& painter) const;
     QPointF InTwips(const QPointF& at) const;
+    /// The pointer is here: its coordinates go into the title.
+    void ReadOut(const QPointF& at);
 
     Desktop& Events;
     QImage Image;
@@ -47,4 +50,9 @@ private:
     std::vector<Operation> Mark;
     /// Where the middle button took hold of the picture, in twips.
     std::optional<QPointF> Held;
+    /// Where the pointer was last, in twips, and the drawing whose coordinates it was told in.
+    std::optional<QPointF> Pointer;
+    int ReadoutOf = -1;
+    /// What the wheel has turned since its last step, in eighths of a degree.
+    int Turned = 0;
 };

@@ -2,8 +2,10 @@
 
 #include "core/control_names.h"
 #include "core/main_window.h"
+#include "core/messages.h"
 #include "qt/code_list.h"
 #include "qt/help_page.h"
+#include "qt/long_text.h"
 #include "qt/pane.h"
 #include "qt/program_list_view.h"
 #include "qt/text_sync.h"
@@ -15,10 +17,11 @@
 #include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
+
+#include <utility>
 
 namespace {
 
@@ -80,7 +83,7 @@ QWidget* MakeButton(const Control& record, QWidget* parent)
 QWidget* MakeTextBox(const Control& record, QWidget* parent)
 {
     if (record.MultiLine) {
-        auto* edit = new QPlainTextEdit(parent);
+        auto* edit = new LongText(parent);
         edit->setTabChangesFocus(true);
         if (&record == &frmMain.txtRX) edit->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
         return edit;
@@ -241,6 +244,7 @@ Control* ControlWidgets::RecordOfExactly(const QObject* widget) const
 
 void ControlWidgets::Push()
 {
+    NewLanguage = std::exchange(PushedLanguage, Translated.Version) != Translated.Version;
     for (Bound& bound : All) bound.Widget != nullptr ? PushWidget(bound) : PushAction(bound);
 }
 
@@ -258,7 +262,8 @@ void ControlWidgets::PushWidget(Bound& bound)
     if (bound.Fresh || now.Enabled != last.Enabled) widget.setEnabled(now.Enabled);
     // A window shows itself.
     if (now.Is != Kind::Form && widget.isHidden() == now.Visible) widget.setVisible(now.Visible);
-    if (newText || now.ToolTip != last.ToolTip || now.Visible != last.Visible) PushNames(now, widget);
+    if (newText || NewLanguage || now.ToolTip != last.ToolTip || now.Visible != last.Visible)
+        PushNames(now, widget);
     last = now;
     bound.Fresh = false;
 }
@@ -267,7 +272,7 @@ void ControlWidgets::PushAction(Bound& bound)
 {
     const Control& now = *bound.Record;
     QAction& action = *bound.Action;
-    if (bound.Fresh || now.Text != bound.Pushed.Text || now.ToolTip != bound.Pushed.ToolTip) {
+    if (bound.Fresh || NewLanguage || now.Text != bound.Pushed.Text || now.ToolTip != bound.Pushed.ToolTip) {
         action.setText(Text(now.Text));
         action.setObjectName(Text(FullName(now)));
         action.setToolTip(Text(TipOf(now)));

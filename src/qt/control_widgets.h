@@ -48,12 +48,16 @@ private:
         Control Pushed;
         bool Fresh = true;
     };
-    static void PushWidget(Bound& bound);
-    static void PushAction(Bound& bound);
+    void PushWidget(Bound& bound);
+    void PushAction(Bound& bound);
 
     std::vector<Bound> All;
     std::unordered_map<const QObject*, Control*> Records;
     std::unordered_map<const Control*, QWidget*> Widgets;
+    /// Translated.Version when the records were pushed last, and whether names and tips are of another
+    /// language.
+    unsigned PushedLanguage = 0;
+    bool NewLanguage = false;
 };
 
 /// Names of a widget or an action: object name, accessible name, tip.

@@ -35,13 +35,17 @@ Desktop::Desktop()
 {
     ThePlatform = &Platform;
     if (QApplication::style()->name() == "fusion") QApplication::setStyle(new FrameStyle("fusion"));
-    Platform.BeforeBox = [this] {
-        for (const Window& window : Windows) window.Render();
-        Widgets.Push();
-    };
+    Platform.BeforeBox = [this] { ShowBehindBox(); };
     qApp->installEventFilter(this);
     Tick.setInterval(1000);
     connect(&Tick, &QTimer::timeout, this, [this] { Run(tmr1sec_Timer); });
+}
+
+void Desktop::ShowBehindBox()
+{
+    Dialogs.Follow();
+    for (const Window& window : Windows) window.Render();
+    Widgets.Push();
 }
 
 Desktop::~Desktop()
@@ -88,6 +92,7 @@ void Desktop::Render()
 {
     // Widgets that move or change while they are pushed report nothing back.
     InEvent = true;
+    Dialogs.Follow();
     Widgets.Push();
     for (const Window& window : Windows) window.Render();
     PushActiveWindow();
@@ -109,7 +114,7 @@ void Desktop::CopyCaretIn()
 {
     Control* const box = TypingBox();
     if (box == nullptr) return;
-    if (const QWidget* const widget = Widgets.Of(*box)) CopyIn(*widget, *box);
+    if (QWidget* const widget = Widgets.Of(*box)) CopyIn(*widget, *box);
 }
 
 void Desktop::PushActiveWindow()

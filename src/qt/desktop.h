@@ -7,6 +7,7 @@
 #pragma once
 
 #include "qt/control_widgets.h"
+#include "qt/dialog_language.h"
 #include "qt/qt_platform.h"
 
 #include <QObject>
@@ -42,6 +43,9 @@ public:
     /// Pushes all records into the widgets.
     void Render();
 
+    /// Pushes what the windows show, behind a box that comes up within an event.
+    void ShowBehindBox();
+
     /// The tick of each second.
     void StartTick();
 
@@ -69,6 +73,7 @@ private:
     std::vector<Window> Windows;
     std::vector<std::function<void()>> Later;
     QtPlatform Platform;
+    DialogLanguage Dialogs;
     QTimer Tick;
     bool InEvent = false;
     const Control* PushedActive = nullptr;

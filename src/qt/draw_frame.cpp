@@ -2,6 +2,7 @@
 
 #include "commands/windows.h"
 #include "core/draw_window.h"
+#include "core/messages.h"
 #include "core/shared_state.h"
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
@@ -16,11 +17,13 @@
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScreen>
 #include <QStyle>
 #include <QToolButton>
 
@@ -41,6 +44,9 @@ protected:
     void mousePressEvent(QMouseEvent* event) override
     {
         const QPointF at = event->position();
+        // A press on a disabled control ends up here and means nothing.
+        const QWidget* const child = childAt(at.toPoint());
+        if (child != nullptr && !child->isEnabled()) return;
         Events.Run([&] {
             BringToFront(frmDraw.Window);
             Dragged = frControls_MouseDown(static_cast<float>(ToTwips(*this, static_cast<int>(at.x()))),
@@ -78,6 +84,25 @@ QWidget* ParentOf(Desktop& desktop, const Control& record, QWidget* window)
 
 } // namespace
 
+namespace {
+
+/// Moves a window that is to be shown to its place, as far as the screen of today has room there.
+void MoveOnScreen(QWidget& widget, const Control& window)
+{
+    const QPoint corner(ToPixels(widget, window.Left), ToPixels(widget, window.Top));
+    const QScreen* screen = QGuiApplication::screenAt(corner);
+    if (screen == nullptr) screen = QGuiApplication::primaryScreen();
+    const QRect work = screen->availableGeometry();
+    // The frame around the window is known once it has been shown.
+    const int title = std::max(widget.frameGeometry().height() - widget.height(),
+                               widget.style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    const int right = work.right() + 1 - widget.width(), bottom = work.bottom() + 1 - widget.height() - title;
+    widget.move(std::max(work.left(), std::min(corner.x(), right)),
+                std::max(work.top(), std::min(corner.y(), bottom)));
+}
+
+} // namespace
+
 DrawFrame::DrawFrame(Desktop& desktop) : Events(desktop), Canvas(new CanvasView(desktop, this))
 {
     setWindowIcon(Theme::PictureIcon("brixley"));
@@ -96,7 +121,7 @@ void DrawFrame::MakeWidgets()
             Events.Widgets.Add(record, new FloatingFrame(Events, Canvas));
         } else if (&record == &frmDraw.cmdCloseControls) {
             auto* const button = new QToolButton(parent);
-            button->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+            button->setIcon(Theme::PictureIcon("close"));
             button->setAutoRaise(true);
             button->setFocusPolicy(Qt::NoFocus);
             Events.Widgets.Add(record, button);
@@ -144,6 +169,7 @@ void DrawFrame::LayOut()
 
     auto* const view = new QVBoxLayout(of(frmDraw.frView));
     view->setSpacing(1);
+    view->setContentsMargins(2, 4, 2, 0);
     for (const Control* box :
          {&frmDraw.chkShowRadii, &frmDraw.chkToolWidth, &frmDraw.chkToolCenter, &frmDraw.chkFillCycles,
           &frmDraw.chkProgramWindow, &frmDraw.chkGrid, &frmDraw.chkPrintableBackground, &frmDraw.chkDiameter})
@@ -151,6 +177,8 @@ void DrawFrame::LayOut()
     view->addStretch();
 
     LayOutMeasure();
+    // A press beside its boxes would give the measurement up.
+    of(frmDraw.frMeasure)->setAttribute(Qt::WA_NoMousePropagation);
     for (const Control* kept : {&frmDraw.chkAutoRedraw, &frmDraw.frView}) {
         QSizePolicy policy = of(*kept)->sizePolicy();
         policy.setRetainSizeWhenHidden(true);
@@ -186,7 +214,7 @@ void DrawFrame::LayOutMeasure()
     };
     auto* const grid = new QGridLayout(Events.Widgets.Of(frmDraw.frMeasure));
     grid->setSpacing(2);
-    grid->setContentsMargins(6, 18, 6, 4);
+    grid->setContentsMargins(0, 2, 0, 0);
     for (const Cell& cell : Cells) {
         QWidget* const widget = Events.Widgets.Of(frmDraw.*cell.Of);
         if (auto* label = qobject_cast<QLabel*>(widget); label != nullptr && cell.Column > 0)
@@ -210,8 +238,11 @@ void DrawFrame::Render()
     Canvas->setGeometry(rect());
     const Control& frame = frmDraw.frControls;
     QWidget* const controls = Events.Widgets.Of(frame);
-    const QRect place(ToPixels(*this, frame.Left), ToPixels(*this, frame.Top), ToPixels(*this, frame.Width),
-                      ToPixels(*this, frame.Height));
+    QRect place(ToPixels(*this, frame.Left), ToPixels(*this, frame.Top), ToPixels(*this, frame.Width),
+                ToPixels(*this, frame.Height));
+    // A maximised window doesn't keep the frame inside by itself.
+    place.moveLeft(std::max(0, std::min(place.left(), width() - place.width())));
+    place.moveTop(std::max(0, std::min(place.top(), height() - place.height())));
     if (controls->geometry() != place) controls->setGeometry(place);
     Title->setText(Title->fontMetrics().elidedText(QString::fromStdString(frame.Text), Qt::ElideMiddle,
                                                    place.width() - 50));
@@ -219,6 +250,7 @@ void DrawFrame::Render()
         if (over->Visible) Events.Widgets.Of(*over)->raise();
     }
     if (isVisible() != frmDraw.Window.Visible) setVisible(frmDraw.Window.Visible);
+    Canvas->setAccessibleName(QString::fromStdString(Tr("Tool path")));
     Canvas->Render();
     if (isVisible() && &ActiveWindow() == &frmDraw.Window && Focused() == nullptr && focusWidget() != Canvas)
         Canvas->setFocus(Qt::OtherFocusReason);
@@ -241,15 +273,22 @@ void DrawFrame::PushTimers()
     });
 }
 
+void DrawFrame::PushState()
+{
+    Qt::WindowStates state = windowState();
+    state.setFlag(Qt::WindowMaximized, Drawing.Maximized);
+    state.setFlag(Qt::WindowMinimized, Drawing.Minimized);
+    if (state != windowState()) setWindowState(state);
+}
+
 void DrawFrame::PushSize()
 {
-    if (isMaximized() && !Drawing.Maximized) showNormal();
-    if (!isMaximized() && Drawing.Maximized && !Drawing.Minimized) setWindowState(Qt::WindowMaximized);
+    PushState();
     if (Drawing.Maximized || Drawing.Minimized) return;
     const Control& window = frmDraw.Window;
     const QSize size(ToPixels(*this, window.Width), ToPixels(*this, window.Height));
     if (this->size() != size) resize(size);
-    if (!isVisible() && window.Visible) move(ToPixels(*this, window.Left), ToPixels(*this, window.Top));
+    if (!isVisible() && window.Visible) MoveOnScreen(*this, window);
 }
 
 void DrawFrame::TakeSize()
@@ -280,7 +319,7 @@ void DrawFrame::resizeEvent(QResizeEvent* event)
 void DrawFrame::moveEvent(QMoveEvent* event)
 {
     QWidget::moveEvent(event);
-    if (!isVisible() || isMaximized() || isMinimized()) return;
+    if (!isVisible() || isMinimized()) return;
     frmDraw.Window.Left = ToTwips(*this, x());
     frmDraw.Window.Top = ToTwips(*this, y());
 }
@@ -327,21 +366,22 @@ void ProgramFrame::Render()
     const bool shown = frmProgramWindow.Window.Visible && frmDraw.Window.Visible;
     if (shown && !isVisible()) {
         const Control& window = frmProgramWindow.Window;
-        setGeometry(ToPixels(*this, window.Left), ToPixels(*this, window.Top), ToPixels(*this, window.Width),
-                    ToPixels(*this, window.Height));
+        resize(ToPixels(*this, window.Width), ToPixels(*this, window.Height));
+        MoveOnScreen(*this, window);
     }
     QWidget* const list = Events.Widgets.Of(frmProgramWindow.lstCncLines);
     const int head = fontMetrics().height() + 8;
     list->setGeometry(4, head, width() - 8, height() - head - 4);
 
     // Each label ends where its column of 7 characters ends.
-    const QFontMetrics metrics(list->font());
-    int end = 4 + 4;
+    const QFontMetricsF metrics(list->font());
+    constexpr double ListEdge = 4, ItemMargin = 3;
+    double end = ListEdge + ItemMargin;
     const auto place = [&](const Control& label, int characters, Qt::Alignment alignment) {
         auto* const widget = Events.Widgets.As<QLabel>(label);
-        const int wide = characters * metrics.horizontalAdvance('0');
+        const double wide = metrics.horizontalAdvance(QString(characters, '0'));
         widget->setAlignment(alignment | Qt::AlignVCenter);
-        widget->setGeometry(end, 2, wide, head - 4);
+        widget->setGeometry(qRound(end), 2, qRound(end + wide) - qRound(end), head - 4);
         end += wide;
     };
     constexpr int Characters = 7, Gap = 2, Comment = 44;
@@ -351,7 +391,7 @@ void ProgramFrame::Render()
           &frmProgramWindow.lblToolY, &frmProgramWindow.lblToolZ}) {
         if (label->Visible) place(*label, Characters, Qt::AlignRight);
     }
-    end += Gap * metrics.horizontalAdvance('0');
+    end += metrics.horizontalAdvance(QString(Gap, '0'));
     place(frmProgramWindow.lblComment, Comment, Qt::AlignLeft);
     if (isVisible() == shown) return;
     if (shown) setAttribute(Qt::WA_ShowWithoutActivating);
@@ -373,6 +413,14 @@ void ProgramFrame::resizeEvent(QResizeEvent* event)
     window.Width = ToTwips(*this, width());
     window.Height = ToTwips(*this, height());
     Events.RunLater(frmProgramWindow_Resize);
+}
+
+void ProgramFrame::moveEvent(QMoveEvent* event)
+{
+    QWidget::moveEvent(event);
+    if (!isVisible()) return;
+    frmProgramWindow.Window.Left = ToTwips(*this, x());
+    frmProgramWindow.Window.Top = ToTwips(*this, y());
 }
 
 void ProgramFrame::closeEvent(QCloseEvent* event)

@@ -26,6 +26,7 @@ private:
     void LayOut();
     void LayOutMeasure();
     void Render();
+    void PushState();
     void PushSize();
     void TakeSize();
     /// The pause of a walk, and a long one that has let events through.
@@ -47,6 +48,7 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:

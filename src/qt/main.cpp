@@ -7,6 +7,7 @@
 #include "qt/draw_frame.h"
 #include "qt/main_frame.h"
 #include "qt/picture_writer.h"
+#include "qt/printer.h"
 #include "qt/serial_port.h"
 #include "serial/receive.h"
 #include "ui/tick.h"
@@ -36,6 +37,9 @@ int main(int argc, char** argv)
     MainFrame window(desktop);
     FindFrame find(desktop, &window);
     DrawFrame drawing(desktop);
+    QtPrinter printer;
+    printer.BeforeDialog = [&desktop] { desktop.ShowBehindBox(); };
+    ThePrinter = &printer;
     ProgramFrame lines(desktop, &drawing);
     ThePicturePainter = PaintPicture;
     Drawing.YieldAfter = 50; // long walks stay abortable
@@ -44,6 +48,7 @@ int main(int argc, char** argv)
         InstallDefaults();
         StartProgram(file);
     });
+    if (Shared.Ended) return 1;
     desktop.Run(tmr1sec_Timer); // what is enabled at first
     window.Open();
     desktop.StartTick();

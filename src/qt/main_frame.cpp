@@ -6,6 +6,7 @@
 #include "commands/windows.h"
 #include "core/control_names.h"
 #include "core/main_window.h"
+#include "core/messages.h"
 #include "core/shared_state.h"
 #include "editor/find.h"
 #include "qt/arrangement.h"
@@ -56,6 +57,7 @@ MainFrame::MainFrame(Desktop& desktop) : Events(desktop), Content(new QWidget(th
     Content->setFont(small);
     Warning = new QLabel(Content);
     MakeWidgets();
+    Events.Widgets.Of(frmMain.cmdStop)->setCursor(Qt::ArrowCursor);
     MakeMenus(desktop, *menuBar(), *RowMenu);
     LayOutPanes(desktop.Widgets);
     ConnectList();
@@ -127,6 +129,10 @@ void MainFrame::Render()
           &frmMain.frCmdRX, &frmMain.txtHelpFind, &frmMain.cmdReturn}) {
         if (over->Visible) Events.Widgets.Of(*over)->raise();
     }
+
+    // A program that goes out; the one button that it leaves is clicked with the ordinary pointer.
+    const Qt::CursorShape pointer = Shared.Transmitting ? Qt::WaitCursor : Qt::ArrowCursor;
+    if (cursor().shape() != pointer) setCursor(pointer);
 
     // The message: words behind a sign, in a colour of its own.
     QWidget* const message = Events.Widgets.Of(frmMain.lblMessage);
@@ -234,12 +240,9 @@ void MainFrame::dropEvent(QDropEvent* event)
 FindFrame::FindFrame(Desktop& desktop, QWidget* parent)
     : QDialog(parent, Qt::Tool | Qt::WindowStaysOnTopHint), Events(desktop)
 {
-    setWindowTitle("Find");
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 8, 8, 8);
-    QWidget* const box = desktop.Widgets.Make(frmFind.txtFind, this);
-    qobject_cast<QLineEdit*>(box)->setPlaceholderText("Text, then Enter");
-    layout->addWidget(box);
+    layout->addWidget(desktop.Widgets.Make(frmFind.txtFind, this));
     layout->addStretch();
     desktop.ConnectWidgets(frmFind.txtFind);
     resize(ToPixels(*this, 2100), ToPixels(*this, 1200));
@@ -248,6 +251,9 @@ FindFrame::FindFrame(Desktop& desktop, QWidget* parent)
 
 void FindFrame::Render()
 {
+    setWindowTitle(QString::fromStdString(Tr("Find")));
+    Events.Widgets.As<QLineEdit>(frmFind.txtFind)
+        ->setPlaceholderText(QString::fromStdString(Tr("Text, then Enter")));
     const bool shown = frmFind.Window.Visible;
     if (isVisible() != shown) setVisible(shown);
     if (shown && IsFindInFront() && !isActiveWindow()) activateWindow();

@@ -1,6 +1,7 @@
 #include "qt/program_list_view.h"
 
 #include "core/main_window.h"
+#include "core/messages.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
 #include "core/text.h"
@@ -140,8 +141,8 @@ QVariant ProgramListModel::headerData(int section, Qt::Orientation orientation, 
     case Qt::TextAlignmentRole:
         return static_cast<int>(left ? Qt::AlignLeft : Qt::AlignRight) | static_cast<int>(Qt::AlignVCenter);
     case Qt::ToolTipRole:
-        return cell == CellError ? QString("Click to open the line of the first message")
-                                 : QString::fromStdString(lvCncProgram.Headers[cell]);
+        return QString::fromStdString(cell == CellError ? Tr("Click to open the line of the first message")
+                                                        : lvCncProgram.Headers[cell]);
     default: return {};
     }
 }

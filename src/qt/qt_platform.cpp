@@ -1,13 +1,14 @@
 #include "qt/qt_platform.h"
 
 #include "core/app_data.h"
+#include "core/messages.h"
 #include "qt/theme.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
 #include <QDateTime>
 #include <QFileDialog>
-#include <QFontDatabase>
 #include <QMessageBox>
 #include <QProcess>
 #include <QStandardPaths>
@@ -48,6 +49,21 @@ Answer AnswerOf(int button)
     }
 }
 
+QString Translation(const QString& english)
+{
+    return QString::fromStdString(Tr(english.toStdString()));
+}
+
+/// The answers, marked letters included, in the language in force also where the toolkit doesn't know it.
+struct ButtonCaption {
+    QMessageBox::StandardButton Button;
+    const char* Caption;
+};
+constexpr ButtonCaption ButtonCaptions[] = {{QMessageBox::Yes, "&Yes"},
+                                            {QMessageBox::No, "&No"},
+                                            {QMessageBox::Cancel, "Cancel"},
+                                            {QMessageBox::Ok, "OK"}};
+
 /// "text|patterns|text|patterns|" as the dialogs of the desktop take it: "text (patterns);;...".
 QString FiltersOf(const std::string& filter)
 {
@@ -55,7 +71,7 @@ QString FiltersOf(const std::string& filter)
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const QString text = parts[i].left(parts[i].indexOf('(')).trimmed();
-        filters << text + " (" + QString(parts[i + 1]).replace(';', ' ') + ")";
+        filters << Translation(text) + " (" + QString(parts[i + 1]).replace(';', ' ') + ")";
     }
     return filters.join(";;");
 }
@@ -84,6 +100,10 @@ Answer QtPlatform::Show(const MessageBox& box)
         shown.setStandardButtons(row.Shown);
         shown.setDefaultButton(row.Default);
         shown.setEscapeButton(row.Escape);
+    }
+    for (const ButtonCaption& row : ButtonCaptions) {
+        if (QAbstractButton* const button = shown.button(row.Button))
+            button->setText(Translation(row.Caption));
     }
     return AnswerOf(shown.exec());
 }
@@ -144,11 +164,4 @@ std::string QtPlatform::LocalDataFolder()
 std::string QtPlatform::ProgramFolder()
 {
     return QApplication::applicationDirPath().toStdString();
-}
-
-std::vector<std::string> QtPlatform::PrinterFonts()
-{
-    std::vector<std::string> names;
-    for (const QString& family : QFontDatabase::families()) names.push_back(family.toStdString());
-    return names;
 }

@@ -20,5 +20,4 @@ public:
     DateTime Now() override;
     std::string LocalDataFolder() override;
     std::string ProgramFolder() override;
-    std::vector<std::string> PrinterFonts() override;
 };

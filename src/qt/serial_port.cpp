@@ -1,6 +1,5 @@
 #include "qt/serial_port.h"
 
-#include <QCollator>
 #include <QSerialPortInfo>
 
 #include <algorithm>
@@ -8,6 +7,7 @@
 #include <grp.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <termios.h>
 #include <unistd.h>
 #include <utility>
 
@@ -28,11 +28,6 @@ std::string PathOf(const std::string& name)
 bool IsPseudo(const std::string& name)
 {
     return PathOf(name).starts_with("/dev/pts/");
-}
-
-bool IsUsb(const QString& name)
-{
-    return name.startsWith("ttyUSB") || name.startsWith("ttyACM");
 }
 
 std::string GroupOf(const std::string& path)
@@ -76,30 +71,23 @@ SerialPort::SerialPort(std::string device) : Fixed(std::move(device))
 std::vector<std::string> SerialPort::Devices()
 {
     if (!Fixed.empty()) return {Fixed};
-    QStringList names;
-    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) names << info.portName();
-    QCollator natural;
-    natural.setNumericMode(true);
-    std::sort(names.begin(), names.end(), [&](const QString& a, const QString& b) {
-        if (IsUsb(a) != IsUsb(b)) return IsUsb(a);
-        return natural.compare(a, b) < 0;
-    });
     std::vector<std::string> devices;
-    for (const QString& name : names.first(std::min<qsizetype>(names.size(), MaxPorts)))
-        devices.push_back(name.toStdString());
+    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
+        devices.push_back(info.portName().toStdString());
+    OrderPorts(devices);
     return devices;
 }
 
 /// Why the device can't be used, as far as that can be seen without opening it.
 std::optional<PortFailure> SerialPort::Refusal(const std::string& name) const
 {
-    if (name.empty()) return PortFailure{NotOpen, ReasonMissing("")};
+    if (name.empty()) return PortFailure{NotOpen, PortReasons::None};
     const std::string path = PathOf(name);
     struct stat info;
     if (::stat(path.c_str(), &info) != 0 || !S_ISCHR(info.st_mode))
-        return PortFailure{NotOpen, ReasonMissing(name)};
+        return PortFailure{NotOpen, PortReasons::NotOpened, {name, std::string(PortReasons::NoSuchPort)}};
     if (::access(path.c_str(), R_OK | W_OK) != 0)
-        return PortFailure{PermissionDenied, ReasonForbidden(name, GroupOf(path))};
+        return PortFailure{PermissionDenied, PortReasons::Forbidden, {GroupOf(path)}};
     return std::nullopt;
 }
 
@@ -122,15 +110,15 @@ std::optional<PortFailure> SerialPort::Open()
     ++Opening;
     if (!Device.open(QIODevice::ReadWrite)) {
         const bool held = Device.error() == QSerialPort::PermissionError;
-        if (held) return PortFailure{AlreadyOpen, ReasonHeld(Name)};
-        return PortFailure{NotOpen, Name + " can't be opened: " + Device.errorString().toStdString()};
+        if (held) return PortFailure{AlreadyOpen, PortReasons::Held, {Name}};
+        return PortFailure{NotOpen, PortReasons::NotOpened, {Name, Device.errorString().toStdString()}};
     }
     Pace.Reset();
     ToldRoom = ToldEmpty = true;
     ToldReceived = false;
     if (ApplyLine()) return std::nullopt;
     Close();
-    return PortFailure{NotOpen, ReasonRefused(Name, Parameters), true};
+    return PortFailure{NotOpen, PortReasons::Refused, {Name}, true};
 }
 
 void SerialPort::Close()
@@ -138,7 +126,10 @@ void SerialPort::Close()
     ++Opening;
     Timer.stop();
     Pace.Reset();
-    if (Device.isOpen()) Device.close();
+    if (!Device.isOpen()) return;
+    // The system would hold the program up until what is left has gone, if it ever goes.
+    if (BytesInside() > 0) ::tcflush(Device.handle(), TCOFLUSH);
+    Device.close();
 }
 
 bool SerialPort::ApplyLine()
@@ -159,7 +150,7 @@ std::optional<PortFailure> SerialPort::SetLine(const std::string& parameters)
     if (!Device.isOpen() || ApplyLine()) return std::nullopt;
     Parameters = before;
     ApplyLine();
-    return PortFailure{NotOpen, ReasonRefused(Name, parameters), true};
+    return PortFailure{NotOpen, PortReasons::Refused, {Name}, true};
 }
 
 std::optional<PortFailure> SerialPort::Write(std::string_view bytes)
@@ -211,7 +202,7 @@ std::optional<PortFailure> SerialPort::Read(std::string& bytes)
 void SerialPort::Lose()
 {
     Leftover += Device.readAll().toStdString();
-    Last = {NotOpen, ReasonGone(Name)};
+    Last = {NotOpen, PortReasons::Gone, {Name}};
     Timer.stop();
     Pace.Reset();
     Device.close();

@@ -1,90 +1,64 @@
 #include "qt/text_sync.h"
 
+#include "qt/long_text.h"
 #include "ui/text_box.h"
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 
 #include <algorithm>
 
 namespace {
 
-const QLineEdit* LineOf(const QWidget& widget)
-{
-    if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) return combo->lineEdit();
-    return qobject_cast<const QLineEdit*>(&widget);
-}
-
 QLineEdit* LineOf(QWidget& widget)
 {
-    return const_cast<QLineEdit*>(LineOf(std::as_const(widget)));
+    if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) return combo->lineEdit();
+    return qobject_cast<QLineEdit*>(&widget);
 }
 
-/// Characters of the record for the first units of a widget's text, and the other way.
+/// Characters of the record for the first units of a line's text, and the other way.
 int CharactersIn(const QString& text, qsizetype units)
 {
     int characters = 0;
-    for (qsizetype i = 0; i < std::min(units, text.size()); ++i) {
-        if (text.at(i).isLowSurrogate()) continue;
-        characters += text.at(i) == '\n' ? 2 : 1;
-    }
+    for (qsizetype i = 0; i < std::min(units, text.size()); ++i) characters += !text.at(i).isLowSurrogate();
     return characters;
 }
 
 int UnitsOf(const QString& text, int characters)
 {
     qsizetype units = 0;
-    while (units < text.size() && CharactersIn(text, units) < characters) {
+    for (; units < text.size() && characters > 0; --characters)
         units += text.at(units).isHighSurrogate() ? 2 : 1;
-    }
     return static_cast<int>(units);
-}
-
-QString TextOf(const QWidget& widget)
-{
-    if (const auto* edit = qobject_cast<const QPlainTextEdit*>(&widget)) return edit->toPlainText();
-    const QLineEdit* const line = LineOf(widget);
-    return line != nullptr ? line->text() : QString();
-}
-
-QString WidgetText(const Control& record)
-{
-    QString text = QString::fromStdString(record.Text);
-    if (record.MultiLine) text.replace("\r\n", "\n").replace('\r', '\n');
-    return text;
 }
 
 } // namespace
 
-void CopyIn(const QWidget& widget, Control& record)
+void CopyIn(QWidget& widget, Control& record)
 {
-    QString text = TextOf(widget);
-    int start = 0, end = 0;
-    if (const auto* edit = qobject_cast<const QPlainTextEdit*>(&widget)) {
-        start = edit->textCursor().selectionStart();
-        end = edit->textCursor().selectionEnd();
+    if (auto* const box = dynamic_cast<LongText*>(&widget)) {
+        const QTextCursor cursor = box->textCursor();
+        record.SelStart = box->CharactersAt(cursor.selectionStart());
+        record.SelLength =
+            cursor.hasSelection() ? box->CharactersAt(cursor.selectionEnd()) - record.SelStart : 0;
+        if (record.Text != box->Text()) record.Text = box->Text();
     } else if (const QLineEdit* const line = LineOf(widget); line != nullptr) {
-        start = line->hasSelectedText() ? line->selectionStart() : line->cursorPosition();
-        end = line->hasSelectedText() ? line->selectionEnd() : start;
-    } else {
-        return;
+        const int start = line->hasSelectedText() ? line->selectionStart() : line->cursorPosition();
+        const int end = line->hasSelectedText() ? line->selectionEnd() : start;
+        record.SelStart = CharactersIn(line->text(), start);
+        record.SelLength = CharactersIn(line->text(), end) - record.SelStart;
+        record.Text = line->text().toStdString();
     }
-    record.SelStart = CharactersIn(text, start);
-    record.SelLength = CharactersIn(text, end) - record.SelStart;
-    if (text == WidgetText(record)) return;
-    if (record.MultiLine) text.replace('\n', "\r\n");
-    record.Text = text.toStdString();
 }
 
 void PushText(QWidget& widget, const Control& record)
 {
-    const QString text = WidgetText(record);
-    if (TextOf(widget) == text) return;
     const QSignalBlocker quiet(widget);
-    if (auto* edit = qobject_cast<QPlainTextEdit*>(&widget)) {
-        edit->setPlainText(text);
+    if (auto* const box = dynamic_cast<LongText*>(&widget)) {
+        box->Show(record.Text);
     } else if (QLineEdit* const line = LineOf(widget); line != nullptr) {
+        const QString text = QString::fromStdString(record.Text);
+        if (line->text() == text) return;
         const QSignalBlocker alsoQuiet(*line);
         line->setText(text);
     }
@@ -94,16 +68,18 @@ void PushSelection(QWidget& widget, const Control& record)
 {
     Control clamped = record;
     ClampSelection(clamped);
-    const QString text = TextOf(widget);
-    const int start = UnitsOf(text, clamped.SelStart);
-    const int end = UnitsOf(text, clamped.SelStart + clamped.SelLength);
-    if (auto* edit = qobject_cast<QPlainTextEdit*>(&widget)) {
-        QTextCursor cursor = edit->textCursor();
+    if (auto* const box = dynamic_cast<LongText*>(&widget)) {
+        const int start = box->PositionAt(clamped.SelStart);
+        const int end =
+            clamped.SelLength == 0 ? start : box->PositionAt(clamped.SelStart + clamped.SelLength);
+        QTextCursor cursor = box->textCursor();
         if (cursor.selectionStart() == start && cursor.selectionEnd() == end) return;
         cursor.setPosition(start);
         cursor.setPosition(end, QTextCursor::KeepAnchor);
-        edit->setTextCursor(cursor);
+        box->setTextCursor(cursor);
     } else if (QLineEdit* const line = LineOf(widget); line != nullptr) {
+        const int start = UnitsOf(line->text(), clamped.SelStart);
+        const int end = UnitsOf(line->text(), clamped.SelStart + clamped.SelLength);
         if (start == end) {
             if (line->hasSelectedText() || line->cursorPosition() != start) line->setCursorPosition(start);
             if (line->hasSelectedText()) line->deselect();
@@ -125,8 +101,8 @@ bool LeaveSelection(QWidget& widget, const KeyStroke& key)
 
 void TypeCharacter(QWidget& widget, char typed)
 {
-    if (auto* edit = qobject_cast<QPlainTextEdit*>(&widget)) {
-        edit->insertPlainText(QString(QLatin1Char(typed)));
+    if (auto* const box = dynamic_cast<LongText*>(&widget)) {
+        box->insertPlainText(QString(QLatin1Char(typed)));
     } else if (QLineEdit* const line = LineOf(widget); line != nullptr) {
         line->insert(QString(QLatin1Char(typed)));
     }

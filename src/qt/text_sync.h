@@ -10,7 +10,7 @@
 class QWidget;
 
 /// Copies text and selection of a text box or an editable combo into its record.
-void CopyIn(const QWidget& widget, Control& record);
+void CopyIn(QWidget& widget, Control& record);
 
 /// Puts the record's text into the widget where it differs.
 void PushText(QWidget& widget, const Control& record);

@@ -59,10 +59,12 @@ void OpenPane()
 
 void TakeCharacters()
 {
-    const bool opens = !frmMain.frRXcode.Visible;
-    if (opens) OpenPane();
     std::string bytes;
     const auto failure = ThePort->Read(bytes);
+    // Old news: they came before the port was closed on purpose.
+    if (bytes.empty() && !ThePort->IsOpen()) return;
+    const bool opens = !frmMain.frRXcode.Visible;
+    if (opens) OpenPane();
     std::erase(bytes, '\0');
     Control& box = frmMain.txtRX;
     if (!bytes.empty()) {
@@ -81,6 +83,8 @@ void TakeCharacters()
 
 void LosePort()
 {
+    // Old news: a write has told of it, or the port has been opened anew.
+    if (ThePort->IsOpen() || !Shared.ComEnabled) return;
     if (Shared.Transmitting) {
         TransmissionLostPort();
         return;
@@ -120,6 +124,7 @@ void cmdReceiveSave_Click()
     FileDialog dialog{FileDialog::Purpose::Save, "", ProgramFileFilter, ""};
     dialog.AsksBeforeReplacing = true;
     const std::string path = ThePlatform->AskForFile(dialog).value_or("");
+    if (!path.empty()) Shared.DialogFile = path;
     if (path.empty()) {
         ShowMessage(TextOf(Messages::NoFile));
         return;
@@ -127,7 +132,7 @@ void cmdReceiveSave_Click()
     const std::string content = "%" + std::string(LineEnd) + "    " + text;
     if (const auto failure = ReplaceFile(path, ToCodePage(content))) {
         NoteFailure(failure->Number, "cmdReceiveSave_Click");
-        ShowMessage(path + " could not be saved: " + failure->Reason, "", Icon::Exclamation);
+        ShowMessage(Tr("%1 could not be saved: %2", {path, Tr(failure->Reason)}), "", Icon::Exclamation);
         return;
     }
     ForgetReceived();
@@ -136,8 +141,7 @@ void cmdReceiveSave_Click()
 
 void cmdReceiveNew_Click()
 {
-    if (!KeepReceived()) return;
-    SetText("");
+    if (KeepReceived()) SetText("");
 }
 
 void cmdReceiveLast_Click()
@@ -145,7 +149,7 @@ void cmdReceiveLast_Click()
     std::string bytes;
     if (const auto failure = ReadWholeFile(KeptFile(), bytes)) {
         NoteFailure(failure->Number, "cmdReceiveLast_Click");
-        ShowMessage("The text can't be read: " + failure->Reason, "", Icon::Exclamation);
+        ShowMessage(KeptFile() + " " + Tr("can't be read: %1", {Tr(failure->Reason)}), "", Icon::Exclamation);
         return;
     }
     SetText(FromCodePage(bytes));
@@ -189,8 +193,9 @@ bool KeepReceived()
         return true;
     }
     NoteFailure(failure->Number, "cmdReceiveExit_Click");
-    const MessageBox box{"The received text could not be kept: " + failure->Reason + ". Go on without it?",
-                         "", Buttons::YesNo, Icon::Exclamation};
+    const std::string unsaved = Tr("%1 could not be saved: %2", {KeptFile(), Tr(failure->Reason)});
+    const MessageBox box{unsaved + "\r\n\r\n" + Tr("Go on without it?"), "", Buttons::YesNo,
+                         Icon::Exclamation};
     return ThePlatform->Show(box) == Answer::Yes;
 }
 
@@ -201,17 +206,21 @@ void ResetReception()
 
 std::string ReceptionText()
 {
+    // A line ends at CR, LF or both; the last one may not have ended yet.
     const std::string& text = frmMain.txtRX.Text;
+    char before = 0;
     size_t lines = 0;
-    for (size_t i = 0; i < text.size(); ++i) {
-        const bool ends = text[i] == '\n' || (text[i] == '\r' && text.compare(i, 2, LineEnd) != 0);
-        if (ends || i + 1 == text.size()) ++lines;
+    for (const char c : text) {
+        lines += c == '\r' || (c == '\n' && before != '\r') ? 1 : 0;
+        before = c;
     }
-    return std::to_string(lines) + " lines received";
+    if (!text.empty() && before != '\r' && before != '\n') ++lines;
+    return Tr("%1 lines received", {std::to_string(lines)});
 }
 
 void ShowReception()
 {
     if (!frmMain.frRXcode.Visible) return;
+    frmMain.cmdReceiveLast.Text = Tr("Last received text");
     frmMain.cmdReceiveLast.Visible = frmMain.txtRX.Text.empty() && FileExists(KeptFile());
 }

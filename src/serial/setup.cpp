@@ -109,6 +109,11 @@ void ShowPort()
 
 void SelectPort(int index, std::string_view procedure)
 {
+    if (Shared.Transmitting) { // the program that goes out stays on its port
+        ShowPort();
+        RefuseWhileBusy();
+        return;
+    }
     Shared.Port = index + 1;
     ShowPort();
     if (ThePort->IsOpen()) ThePort->Close();

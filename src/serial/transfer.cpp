@@ -2,6 +2,7 @@
 
 #include "core/failure.h"
 #include "core/main_window.h"
+#include "core/messages.h"
 #include "core/shared_state.h"
 #include "serial/receive.h"
 #include "serial/setup.h"
@@ -11,19 +12,22 @@ namespace {
 
 std::string BoxText(const PortFailure& failure, std::string_view procedure, TroubleBox box)
 {
-    const std::string description(FailureDescription(failure.Number));
-    const std::string& reason = failure.Reason;
+    const std::string description = Tr(FailureDescription(failure.Number)), reason = ReasonOf(failure);
     switch (box) {
-    case TroubleBox::Problem: return reason.empty() ? "port problem" : "port problem: " + reason;
+    case TroubleBox::Problem: return Tr("port problem") + (reason.empty() ? "" : ": " + reason);
     case TroubleBox::Plain: return reason.empty() ? description : reason;
     case TroubleBox::Numbered: break;
     }
-    const std::string numbered =
-        std::to_string(failure.Number) + "  " + description + " in " + std::string(procedure);
+    const std::string numbered = Tr("%1  %2 in %3", {std::to_string(failure.Number), description, procedure});
     return reason.empty() ? numbered : reason + "\r\n\r\n" + numbered;
 }
 
 } // namespace
+
+std::string ReasonOf(const PortFailure& failure)
+{
+    return Tr(failure.Reason, {failure.Names[0], Tr(failure.Names[1])});
+}
 
 void ShowTransfer()
 {

@@ -11,6 +11,9 @@
 /// text in an empty pane. Runs when an event is over.
 void ShowTransfer();
 
+/// Why a port failed and what to do about it, in the language in force; "" when nothing is known.
+std::string ReasonOf(const PortFailure& failure);
+
 /// The boxes that a port's failure shows.
 enum class TroubleBox {
     Numbered, ///< its number, its description and the routine

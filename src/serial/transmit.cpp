@@ -209,17 +209,17 @@ std::string TransmissionText()
     const bool ended = Sending.End == TransmissionEnd::Sent || Sending.End == TransmissionEnd::Stopped;
     const bool going = !ended && Sending.HandedOver > 0 && (Sending.Failure || !ThePort->HasRoom());
     const size_t sent = Sending.HandedOver - (going ? 1 : 0);
-    const std::string count = std::to_string(sent) + " of " + all + " lines";
+    std::string text = Tr("%1 of %2 lines sent", {std::to_string(sent), all});
     switch (Sending.End) {
-    case TransmissionEnd::Sent: return all + " lines sent";
-    case TransmissionEnd::Stopped: return "Stopped behind " + count;
-    case TransmissionEnd::Failed: return "Not sent: failed behind " + count;
+    case TransmissionEnd::Sent: return text;
+    case TransmissionEnd::Stopped:
+    case TransmissionEnd::Failed: return Tr("The program was sent in part only") + ": " + text;
     case TransmissionEnd::Running: break;
     }
     const size_t bytes = Sending.BytesLeft + (going ? Sending.Lines[sent].size() + LineEnd.size() : 0);
     const double seconds = static_cast<double>(bytes) * Sending.CharacterTime;
-    std::string text = count + " sent, " + MakeTimeString(static_cast<float>(seconds)) + " left";
-    if (!Sending.FirstMessage.empty()) text += ", first message in " + Sending.FirstMessage;
+    text += ", " + Tr("%1 left", {MakeTimeString(static_cast<float>(seconds))});
+    if (!Sending.FirstMessage.empty()) text += ", " + Tr("first message in %1", {Sending.FirstMessage});
     return text;
 }
 

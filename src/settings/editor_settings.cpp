@@ -93,6 +93,9 @@ EditorSettingsFile ReadEditorSettings(std::string_view bytes, const std::optiona
 {
     EditorSettingsFile file;
     EditorSettings& values = file.Values;
+    // The command line's file takes the place of the last one, also where no line names one.
+    const std::string named = argument && FileExists(*argument) ? *argument : "";
+    bool namesLast = false;
     for (const std::string& line : LinesOf(bytes)) {
         if (line.empty() || line.starts_with(';')) continue;
         auto setting = SettingOf(line);
@@ -101,7 +104,10 @@ EditorSettingsFile ReadEditorSettings(std::string_view bytes, const std::optiona
             continue;
         }
         const auto isKey = [&](const char* key) { return EqualsNoCase(setting->Key, key); };
-        if (argument && isKey("LastFileUsed")) setting->Value = FileExists(*argument) ? *argument : "";
+        if (isKey("LastFileUsed")) {
+            namesLast = true;
+            if (argument) setting->Value = named;
+        }
         // A program that will be loaded brings its own machine and units.
         const bool loads = !values.LastFileUsed.empty();
         if (isKey("Metric") && loads) continue;
@@ -109,6 +115,7 @@ EditorSettingsFile ReadEditorSettings(std::string_view bytes, const std::optiona
         if (ReadRecentFile(values, *setting)) continue;
         if (!ReadSetting<EditorSettings>(values, Rows, *setting)) file.IsDamaged = true;
     }
+    if (!namesLast) values.LastFileUsed = named;
     return file;
 }
 

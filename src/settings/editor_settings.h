@@ -22,8 +22,10 @@ struct EditorSettings {
     int XonXoffTX = 0, DtrDsrTX = 0, RtsCtsTX = 0, FilterTX = 1;
     std::string BaudRX = "300", ParityRX = "N", DataBitsRX = "8", StopBitsRX = "1";
     int XonXoffRX = 0, DtrDsrRX = 0, RtsCtsRX = 0, FilterRX = 1;
+    /// "": the first typewriter's face among the printer's fonts, at the printer's size.
     std::string FontName, FontSize;
-    Geometry EditorWindow;
+    /// No value: the window is centred as it is.
+    std::optional<Geometry> EditorWindow;
     bool DrawWindowActive = false;
     /// The files opened or saved last, the latest first; "" behind the last.
     std::array<std::string, 10> RecentFiles;

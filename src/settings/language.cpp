@@ -5,9 +5,13 @@
 #include "core/messages.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
+#include "core/text.h"
 #include "settings/help_pages.h"
+#include "settings/own_captions.h"
 #include "settings/setting_rows.h"
 
+#include <algorithm>
+#include <array>
 #include <functional>
 #include <span>
 
@@ -68,7 +72,7 @@ void TakeSystemVariable(const KeyValue& line, size_t)
 void BeginToolBar()
 {
     const char* const words[] = {"Open", "Save", "New", "Print", "Set", "Axes", "Axes", "Draw", "RX", "TX"};
-    const bool english = Shared.LanguageName == "English";
+    const bool english = EqualsNoCase(Shared.LanguageName, "English");
     for (Control& button : frmMain.cmdTopButtons) button.Text = english ? words[button.Element] : "";
 }
 
@@ -140,16 +144,23 @@ CaptionRow FrameCaption(const char* key, Control (W::*frames)[8])
     return {key, [frames]() -> Control& { return (frmMain.*frames)[0]; }};
 }
 
-void EndRunItems()
+/// Items without a translation keep their text.
+void Fill(Control& list, const TextTable& table)
 {
-    ShowDrawCaptions();
-    frmDraw.cboRun.Index = 0;
-    frmDraw.cboRun.Text = frmDraw.cboRun.Items[0];
+    for (size_t i = 0; i < list.Items.size(); ++i) list.Items[i] = TextOr(list.Items[i], table[i]);
+    list.Text = list.Index < 0 ? "" : list.Items[static_cast<size_t>(list.Index)];
 }
 
+void EndRunItems()
+{
+    frmDraw.cboRun.Index = 0;
+    Fill(frmDraw.cboRun, Translated.DrawRunTable);
+}
+
+/// The box is empty until the window comes to the front.
 void EndScaleItems()
 {
-    ShowDrawCaptions();
+    Fill(frmDraw.cboScale, Translated.DrawScaleTable);
     frmDraw.cboScale.Text.clear();
 }
 
@@ -339,10 +350,24 @@ private:
     size_t At = 0, Position = 0;
 };
 
-void Fill(Control& list, const TextTable& table)
+/// Texts that routines put into captions, as they read in the language in force.
+std::array<std::string, 4> ComposedTexts()
 {
-    for (size_t i = 0; i < list.Items.size(); ++i) list.Items[i] = TextOr(list.Items[i], table[i]);
-    if (list.Index >= 0) list.Text = list.Items[static_cast<size_t>(list.Index)];
+    return {Tr("Drawing"), TextOf(Messages::XDiameter) + "=", TextOf(Messages::XRadius) + "=", Tr("Line")};
+}
+
+/// What stands in a caption or a tip since it was composed follows the new language.
+void FollowLanguage(const std::array<std::string, 4>& before)
+{
+    const auto now = ComposedTexts();
+    for (Control* shown : {&frmDraw.Window, &frmMain.lblFKTL}) {
+        const auto at = std::find(before.begin(), before.end(), shown->Text);
+        if (at != before.end()) shown->Text = now[static_cast<size_t>(at - before.begin())];
+    }
+    for (Control* field : {&frmMain.txtXI, &frmMain.txtYJ, &frmMain.txtZK, &frmMain.txtFKTL, &frmMain.txtH,
+                           &frmMain.txtFeedA, &frmMain.txtFeedB}) {
+        if (!field->Tag.empty()) field->ToolTip = LimitTip(field->Tag);
+    }
 }
 
 } // namespace
@@ -351,12 +376,25 @@ bool ReadLanguageModule(std::string_view bytes)
 {
     const std::vector<std::string> lines = LinesOf(bytes);
     if (lines.size() > 1 && FindNoCase(lines[1], "dummy") != std::string::npos) return false;
+    const auto before = ComposedTexts();
     Shared.LanguageName.clear();
     Shared.TranslatorName.clear();
     Sweep sweep;
     for (const std::string& line : lines) sweep.Take(line);
     sweep.Leave();
+    ++Translated.Version;
+    FollowLanguage(before);
+    ShowOwnCaptions();
     return true;
+}
+
+std::string LanguageNameOf(std::string_view bytes)
+{
+    for (const std::string& line : LinesOf(bytes)) {
+        const auto setting = SettingOf(line);
+        if (setting && EqualsNoCase(setting->Key, "Language Name")) return setting->Value;
+    }
+    return "";
 }
 
 void ShowDrawCaptions()
@@ -374,6 +412,7 @@ void ShowDrawCaptions()
             text = TextOr(text, table[i + 1]);
         }
     };
+    ShowOwnDrawCaptions();
     caption(Views, Translated.DrawViewTable);
     caption(Buttons, Translated.DrawButtonTable);
     Fill(frmDraw.cboRun, Translated.DrawRunTable);

@@ -9,6 +9,9 @@
 /// False, and nothing changes, when the file is a placeholder ("dummy" in its second line).
 bool ReadLanguageModule(std::string_view bytes);
 
+/// The name that a module gives its language; "" when it gives none.
+std::string LanguageNameOf(std::string_view bytes);
+
 /// Fills the captions and lists of the drawing window from the translated tables, while a language is in
 /// force.
 void ShowDrawCaptions();

@@ -43,8 +43,9 @@ template <class Settings> struct SizePlace {
 template <class Settings> struct SettingRow {
     /// The text in front of "=" as it is written; read without regard to the blanks at its ends.
     const char* Line;
-    std::variant<std::monostate, std::string Settings::*, bool Settings::*, Geometry Settings::*,
-                 NumberPlace<Settings>, ColorPlace<Settings>, ChoicePlace<Settings>, SizePlace<Settings>>
+    std::variant<std::monostate, std::string Settings::*, bool Settings::*,
+                 std::optional<Geometry> Settings::*, NumberPlace<Settings>, ColorPlace<Settings>,
+                 ChoicePlace<Settings>, SizePlace<Settings>>
         Place = {};
 };
 
@@ -82,7 +83,7 @@ bool ReadInto(Settings& settings, const SettingRow<Settings>& row, const std::st
         bool operator()(std::monostate) const { return true; }
         bool operator()(std::string Settings::*at) const { return Take(at, std::optional(Text)); }
         bool operator()(bool Settings::*at) const { return Take(at, ReadTruth(Text)); }
-        bool operator()(Geometry Settings::*at) const { return Take(at, ReadGeometry(Text)); }
+        bool operator()(std::optional<Geometry> Settings::*at) const { return Take(at, ReadGeometry(Text)); }
         bool operator()(const NumberPlace<Settings>& n) const
         {
             return Take(n.At, ReadNumber(Text, n.Low, n.High));
@@ -108,7 +109,10 @@ template <class Settings> std::string ValueText(const Settings& settings, const 
         std::string operator()(std::monostate) const { return ""; }
         std::string operator()(std::string Settings::*at) const { return Of.*at; }
         std::string operator()(bool Settings::*at) const { return Of.*at ? "True" : "False"; }
-        std::string operator()(Geometry Settings::*at) const { return GeometryText(Of.*at); }
+        std::string operator()(std::optional<Geometry> Settings::*at) const
+        {
+            return GeometryText((Of.*at).value_or(Geometry{}));
+        }
         std::string operator()(const NumberPlace<Settings>& n) const { return NumberText(Of.*n.At); }
         std::string operator()(const ColorPlace<Settings>& c) const { return HexColorText(Of.*c.At); }
         std::string operator()(const ChoicePlace<Settings>& c) const { return Of.*c.At; }

@@ -208,7 +208,7 @@ Control& ShowUnits()
     const auto row = std::find_if(std::begin(UnitsTable), std::end(UnitsTable), [&](const UnitsRow& units) {
         return units.Mill == mill && units.Metric == metric && units.Horizontal == Shared.Horizontal;
     });
-    frmMain.lblPPUnits.Text = row->Caption;
+    frmMain.lblPPUnits.Text = Tr(row->Caption);
     return frmMain.*row->Option;
 }
 

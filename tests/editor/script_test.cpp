@@ -189,6 +189,14 @@ const Case Lines[] = {
     {"no % in the notes", "MK4", "{CLICK txtFileNotes}a%b", "txtFileNotes", "ab"},
     {"deleting all comments counts as a change", "MK4", "21{ENTER}cmdWRONG{ENTER}{MENU mnuDelComments}",
      "error 1", "               "},
+    {"a conversion takes the entry along", "MK4",
+     "01{ENTER}1000{ENTER}-2000{ENTER}200{ENTER}{ENTER}{SELECT 1}{ENTER}{MENU mnuMMtoINCH}{FOCUS "
+     "txtComment}{ENTER}",
+     "row 1", "00 01 394 -787 79 |"},
+    {"and what is proposed for the next line", "MK4",
+     "01{ENTER}1000{ENTER}-2000{ENTER}200{ENTER}{ENTER}{MENU mnuMMtoINCH}{FOCUS txtGMcode}"
+     "01{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}",
+     "row 2", "01 01 394 -787 79 |"},
 };
 
 const Case RunAndLeave[] = {

@@ -3,6 +3,7 @@
 
 #include "cli/key_script.h"
 #include "cli/open_program.h"
+#include "commands/keyboard.h"
 #include "commands/load.h"
 #include "commands/session.h"
 #include "core/code_page.h"
@@ -11,10 +12,18 @@
 #include "core/program_list.h"
 #include "core/shared_state.h"
 #include "core/text.h"
+#include "editor/run.h"
+#include "serial/receive.h"
+#include "serial/setup.h"
+#include "serial/transmit.h"
+#include "settings/language.h"
 #include "support/program.h"
+#include "ui/choice.h"
 #include "ui/focus.h"
+#include "ui/tick.h"
 
 #include <gtest/gtest.h>
+#include <random>
 
 namespace {
 
@@ -119,6 +128,10 @@ const Case ComTab[] = {
      "usable cmdRXEmco", "no"},
     {"with every value", TAB "{CLICK optBaudTX(6)}{CLICK optStopBitsTX(1)}{CLICK lblTXstandard}", "settings",
      "300,N,8,1 300,N,8,1"},
+    {"and the standard port", TAB "{CLICK optPortTX(1)}{CLICK optBaudTX(6)}{CLICK cmdTXEmco}", "port",
+     "no 1 300,N,8,1", 2},
+    {"while the other side keeps its values",
+     TAB "{CLICK optBaudTX(6)}{CLICK optBaudRX(6)}{CLICK lblTXstandard}", "settings", "300,N,8,1 9600,N,8,1"},
     {"no ports, no communication", "", "com", "no 0", 0},
     {"leaving the settings opens the port", COM, "port", "yes 1 300,N,8,1"},
     {"switching off closes it", COM TAB "{CHECK chkEnableCom}", "port", "no 1 300,N,8,1"},
@@ -127,7 +140,7 @@ const Case ComTab[] = {
      "8005  Port already open in mnuSettingsShow_Click|"},
     {"and is off", "{PORT FAIL 8005}" COM, "com", "no 0"},
     {"one that is gone as well", COM "{UNPLUG}{RX x}" TAB TAB, "messages",
-     "ttyUSB0 is gone: plug it in, then enable communication again|"},
+     "ttyUSB0 is gone: check the cable or the adapter|"},
     {"a failure of a choice is logged under its name", COM TAB "{PORT FAIL 8018}{CLICK optPortRX(1)}", "log",
      "8018 optPortRX_Click", 2},
 };
@@ -158,18 +171,17 @@ const Case Sending[] = {
     {"behind the last line there is nothing to stop", COM "{MENU mnuTX}{LINES 5}{CLICK cmdStop}", "last sent",
      "   M\\r\\n"},
     {"a stopped program is not called sent", COM "{MENU mnuTX}{LINES 1}{CLICK cmdStop}", "lblTransfer",
-     "Stopped behind 2 of 6 lines"},
-    {"a whole one is", COM "{MENU mnuTX}", "lblTransfer", "6 lines sent"},
+     "The program was sent in part only: 2 of 6 lines sent"},
+    {"a whole one is", COM "{MENU mnuTX}", "lblTransfer", "6 of 6 lines sent"},
     {"the selection comes back", COM "{ROW 2}{MENU mnuTX}", "selected", "2"},
     {"and the editor", COM "{MENU mnuTX}", "locked", "no"},
     {"a pulled cable: one message",
      COM "{MENU mnuTX}{LINES 2}{UNPLUG}{LINES 3}{TICK}{CLICK cmdTopButtons(9)}", "messages",
-     "ttyUSB0 is gone: plug it in, then enable communication again\\r\\n\\r\\n8018  Port not open in "
-     "mnuTX_Click|"},
+     "ttyUSB0 is gone: check the cable or the adapter\\r\\n\\r\\n8018  Port not open in mnuTX_Click|"},
     {"nothing goes on behind it", COM "{MENU mnuTX}{LINES 1}{UNPLUG}{LINES 9}", "last sent",
      "    N` G`   X `    Z `  F`  H \\r\\n"},
     {"nor is it called sent", COM "{MENU mnuTX}{LINES 1}{UNPLUG}", "lblTransfer",
-     "Not sent: failed behind 1 of 6 lines"},
+     "The program was sent in part only: 1 of 6 lines sent"},
     {"a write that fails ends it", COM "{MENU mnuTX}{PORT FAIL 8018}{LINES 1}", "messages",
      "8018  Port not open in mnuTX_Click|"},
     {"also with a number of another kind", COM "{MENU mnuTX}{PORT FAIL 57}{LINES 1}", "com", "no 0"},
@@ -177,9 +189,12 @@ const Case Sending[] = {
      COM "{ROW 3}{CLICK cmdDelete}{PORT FAIL 8005}{MENU mnuTX}", "lines", "2"},
     {"rows are held", COM "{MENU mnuTX}{ROW 1}{DELETE}", "lines", "3"},
     {"so is the port", COM TAB "{CLICK cmdTopButtons(9)}{CHECK chkEnableCom}", "last sent", "   M\\r\\n"},
+    {"also against a choice of another",
+     COM TAB "{CLICK cmdTopButtons(9)}{CLICK optPortRX(1)}{CLICK optPortTX(1)}", "port", "yes 1 300,N,8,1",
+     2},
     {"closing: Yes stops first", COM "{MENU mnuTX}{LINES 1}{CLOSE frmMain}", "last sent", "M\\r\\n"},
     {"and then leaves", COM "{MENU mnuTX}{CLOSE frmMain}", "ended", "yes"},
-    {"closing: No goes on", COM "{MENU mnuTX}{ANSWER No}{CLOSE frmMain}", "lblTransfer", "6 lines sent"},
+    {"closing: No goes on", COM "{MENU mnuTX}{ANSWER No}{CLOSE frmMain}", "lblTransfer", "6 of 6 lines sent"},
     {"closing twice waits for nothing", COM "{MENU mnuTX}{CLOSE frmMain}{CLOSE frmMain}", "ended", "yes"},
 };
 
@@ -228,10 +243,147 @@ const Case Receiving[] = {
     {"leaving the pane doesn't unlock", COM "{MENU mnuTX}{RX abc}{CLICK cmdReceiveExit}{CLICK cmdDelete}",
      "lines", "3"},
     {"nor can the rows be replaced", COM "{MENU mnuTX}" SENT "{CLICK cmdReceiveImport}", "lines", "3"},
+    {"a run is not left by it", COM "{ALT-R}{RX abc}{CLICK cmdReceiveExit}", "usable cmdStep", "yes"},
     {"the parameters of a transmission stay until its end",
      COM TAB "{CLICK optBaudRX(6)}{CLICK cmdTopButtons(4)}{MENU mnuTX}{RX abc}{CLICK cmdStop}", "port",
      "yes 1 9600,N,8,1"},
 };
+
+/// A program that is being sent, up to the first line that was handed over.
+class Transmission : public ::testing::Test
+{
+protected:
+    void Begin(const char* before = "")
+    {
+        BeginProgram({}, Work / "user", 2);
+        LoadFile(Work.Put("three.cnc", WithCrLf(Program)));
+        EXPECT_EQ(RunKeyScript(std::string(COM) + before).value_or(""), "");
+        mnuTX_Click();
+        AfterEvent();
+    }
+    static void LineLeaves()
+    {
+        Console.Port.Leave();
+        AfterEvent();
+    }
+
+    const Folder Work;
+};
+
+TEST_F(Transmission, ShowsTheLineThatGoesOut)
+{
+    Begin("{ROW 3}");
+    EXPECT_TRUE(IsUsable(frmMain.cmdStop));
+    EXPECT_FALSE(frmMain.cmdRun.Visible);
+    EXPECT_EQ(Look("lblTransfer"), "0 of 6 lines sent, 00:00:05 left, first message in N01");
+    // The start symbol, the header and N00 select nothing.
+    std::string selected = Look("selected");
+    for (int i = 0; i < 5; ++i) {
+        LineLeaves();
+        selected += " " + Look("selected");
+    }
+    EXPECT_EQ(selected, "3 3 3 2 3 3");
+    tmr1sec_Timer();
+    EXPECT_FALSE(frmMain.cmdTopButtons[0].Enabled);
+    LineLeaves();
+    EXPECT_EQ(Look("selected") + " " + Look("focus"), "3 lvCncProgram");
+    EXPECT_EQ(Look("lblTransfer"), "6 of 6 lines sent");
+}
+
+TEST_F(Transmission, StopsBehindAnyLine)
+{
+    for (size_t behind = 0; behind < 6; ++behind) {
+        Begin();
+        for (size_t i = 0; i < behind; ++i) LineLeaves();
+        const std::string before = Console.Port.Sent;
+        cmdStop_Click();
+        AfterEvent();
+        EXPECT_FALSE(IsUsable(frmMain.cmdStop));
+        LineLeaves();
+        // The last line is out: nothing is left to be stopped.
+        EXPECT_EQ(Console.Port.Sent, before + (behind < 5 ? "M\r\n" : ""));
+        LineLeaves();
+        LineLeaves();
+        EXPECT_FALSE(Shared.Transmitting);
+        EXPECT_EQ(HowTransmissionEnded() == TransmissionEnd::Sent, behind == 5) << behind;
+    }
+}
+
+TEST_F(Transmission, LeavesStopInReachBesideAReception)
+{
+    Begin();
+    Console.Port.Receive("abc");
+    AfterEvent();
+    EXPECT_TRUE(frmMain.frRXcode.Visible);
+    EXPECT_TRUE(IsUsable(frmMain.cmdStop));
+    EXPECT_TRUE(Look("lblTransfer").ends_with("; 1 lines received"));
+    for (int i = 0; i < 6; ++i) LineLeaves();
+    EXPECT_FALSE(IsUsable(frmMain.cmdStop));
+    EXPECT_EQ(Look("lblTransfer"), "1 lines received");
+    EXPECT_EQ(Look("locked"), "yes");
+}
+
+TEST_F(Transmission, TellsOfAFailureOnceAndInTheLanguageInForce)
+{
+    Begin();
+    ReadLanguageModule(BytesOf(std::string(LANGUAGES_DIR) + "/German.txt"));
+    Console.Port.NextFailure = Failures::PortNotOpen;
+    LineLeaves();
+    // Events that were under way when the port was closed.
+    for (const PortEvent old : {PortEvent::Received, PortEvent::Failed, PortEvent::Sent}) {
+        MSComm1_OnComm(old);
+        AfterEvent();
+    }
+    EXPECT_EQ(Look("messages"), "8018  Anschluss ist nicht offen in mnuTX_Click|");
+    EXPECT_EQ(Look("lblTransfer"),
+              "Das Programm wurde nur zum Teil gesendet: 0 von 6 S\xC3\xA4tzen gesendet");
+    EXPECT_FALSE(frmMain.frRXcode.Visible);
+    EXPECT_EQ(Look("com"), "no 0");
+
+    // One of a port that was lost says nothing against the one that is open now.
+    SetCheck(frmMain.chkEnableCom, true);
+    LeaveSettings();
+    MSComm1_OnComm(PortEvent::Failed);
+    EXPECT_EQ(Look("com"), "yes 1");
+}
+
+/// Whatever comes in whichever order: what was received is in the pane, a failure is told of once, a program
+/// is only called sent when all of it has gone, and the last that leaves is a whole line.
+TEST_F(Transmission, HoldsWithAnyEvents)
+{
+    for (unsigned seed = 0; seed < 300; ++seed) {
+        SCOPED_TRACE(seed);
+        std::mt19937 lot(seed);
+        Begin();
+        std::string received;
+        size_t failures = 0;
+        for (int i = 0; i < 12; ++i) {
+            switch (lot() % 8) {
+            case 0:
+                if (Console.Port.IsOpen()) received += static_cast<char>('a' + i);
+                Console.Port.Receive(std::string(1, static_cast<char>('a' + i)));
+                break;
+            case 1: cmdStop_Click(); break;
+            case 2:
+                if (lot() % 4 == 0 && Console.Port.IsOpen()) {
+                    ++failures;
+                    Console.Port.Unplug();
+                }
+                break;
+            case 3: ClickControl(frmMain.optPortTX[1]); break;
+            case 4: PressKey({KeyName::Escape}); break;
+            default: Console.Port.Leave();
+            }
+            AfterEvent();
+        }
+        EXPECT_EQ(frmMain.txtRX.Text, received);
+        EXPECT_EQ(Console.Boxes.size(), failures);
+        EXPECT_TRUE(Console.Port.Sent.ends_with("\r\n"));
+        const bool whole = Console.Port.Sent.ends_with("   M\r\n");
+        EXPECT_TRUE(whole || HowTransmissionEnded() != TransmissionEnd::Sent);
+        EXPECT_EQ(LineCount(), 3);
+    }
+}
 
 TEST(Serial, TheComTabSetsUpThePort)
 {

@@ -88,6 +88,7 @@ void Start(std::string_view profile)
     Desk = {};
     ThePlatform = &Desk;
     ThePort = &Desk.Port;
+    ThePrinter = &Desk.Printer;
     ResetState();
     const MachineKind machine = profile.starts_with("MK2")   ? MachineKind::MK2
                                 : profile.starts_with("MK4") ? MachineKind::MK4

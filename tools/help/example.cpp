@@ -76,7 +76,8 @@ std::string TypeLine(const std::string& line)
     std::string keys = typed + " [ENTER]";
     Type(line, "{FOCUS txtGMcode}" + typed + "{ENTER}");
     for (const Control* label = LabelOfFocus(); label != nullptr; label = LabelOfFocus()) {
-        const auto value = values.find(label->Text[0]);
+        // The line of a jump is named by a word, in any language; the examples have the letter L.
+        const auto value = values.find(label->Text.size() > 1 ? 'L' : label->Text[0]);
         if (value == values.end()) Fail(line, "no value for " + label->Text);
         Type(line, value->second + "{ENTER}");
         keys += " " + value->second + " [ENTER]";

@@ -1,0 +1,441 @@
+// The drawing window with its real widgets: what is clicked, turned, dragged and typed there, and every way
+// out.
+
+#include "qt/events.h"
+
+#include "commands/load.h"
+#include "commands/session.h"
+#include "core/control_names.h"
+#include "core/draw_window.h"
+#include "core/main_window.h"
+#include "core/program_list.h"
+#include "drawing/drawing_state.h"
+#include "drawing/line_figures.h"
+#include "drawing/walk.h"
+#include "qt/draw_frame.h"
+#include "qt/main_frame.h"
+#include "qt/picture_writer.h"
+#include "qt/twips.h"
+#include "support/program.h"
+#include "ui/choice.h"
+#include "ui/focus.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QListWidget>
+#include <QPainter>
+#include <QScreen>
+#include <QTest>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr const char* ThreeMoves = "G00 X100 Z100 / G00 X200 Z200 / G00 X300 Z300 / M30";
+
+/// The desktop with main window, drawing and Program Lines. The drawing of three moves is open; at scale x 4
+/// and with the zero point at pixel 400, 400 they end at 426, 480 and 560 on both axes.
+class DrawingWindow : public testing::Test
+{
+protected:
+    Desktop Events;
+    std::unique_ptr<MainFrame> Main;
+    std::unique_ptr<DrawFrame> Draw;
+    std::unique_ptr<ProgramFrame> Lines;
+
+    void SetUp() override
+    {
+        Desk = {};
+        ThePlatform = &Desk;
+        ThePicturePainter = PaintPicture;
+        ResetState();
+        Main = std::make_unique<MainFrame>(Events);
+        Draw = std::make_unique<DrawFrame>(Events);
+        Lines = std::make_unique<ProgramFrame>(Events, Draw.get());
+        Main->TakeScreen();
+        Events.Run([] { StartNew(MachineKind::MK4, true, false); });
+        Main->Open();
+        Main->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(Main.get()));
+        Enter(ThreeMoves);
+        Open();
+    }
+
+    void Open()
+    {
+        SendKeys("{CTRL-D}");
+        ASSERT_TRUE(Draw->isVisible());
+        ASSERT_TRUE(QTest::qWaitForWindowActive(Draw.get()));
+        Events.Run([] {
+            PickItem(frmDraw.cboScale, 5);
+            Drawing.ZeroPointX = Drawing.ZeroPointY = 6000;
+            Redraw();
+        });
+    }
+
+    QWidget* WidgetOf(const Control& control) { return Events.Widgets.Of(control); }
+    QWidget* Canvas() { return Draw->findChild<QWidget*>("canvas"); }
+    void Click(const Control& control)
+    {
+        QPoint at = WidgetOf(control)->rect().center();
+        if (control.Is == Kind::CheckBox) at.setX(8); // nothing happens behind the caption
+        QTest::mouseClick(WidgetOf(control), Qt::LeftButton, {}, at);
+    }
+    void ClickCanvas(int x, int y) { QTest::mouseClick(Canvas(), Qt::LeftButton, {}, {x, y}); }
+    void Move(int x, int y)
+    {
+        QMouseEvent move(QEvent::MouseMove, QPointF(x, y), QPointF(x, y), Qt::NoButton, {}, {});
+        QApplication::sendEvent(Canvas(), &move);
+    }
+    void Turn(int angle, QPointF at)
+    {
+        QWheelEvent wheel(at, at, {}, {0, angle}, {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(Canvas(), &wheel);
+    }
+    /// Chooses an item of a combo box in its popup.
+    void Pick(const Control& control, int index)
+    {
+        auto* const combo = Events.Widgets.As<QComboBox>(control);
+        combo->showPopup();
+        combo->view()->setCurrentIndex(combo->model()->index(index, 0));
+        QTest::keyClick(combo->view(), Qt::Key_Enter);
+        Draw->activateWindow(); // a window system does that behind a popup
+        ASSERT_TRUE(QTest::qWaitForWindowActive(Draw.get()));
+    }
+    void LoadExample(const char* name)
+    {
+        Shared.Changed = false;
+        Events.Run([name] { LoadFile(std::string(EXAMPLES_DIR) + "/" + name); });
+    }
+    /// Whether a green line passes; slanted lines are smoothed.
+    bool IsOnLine(int x, int y)
+    {
+        const QColor pixel = Shown().pixelColor(x, y);
+        return pixel.green() > 100 && pixel.red() == 0 && pixel.blue() == 0;
+    }
+    /// The picture without the frame that floats over it.
+    QImage Shown()
+    {
+        QImage image = Canvas()->grab().toImage();
+        QPainter(&image).fillRect(WidgetOf(frmDraw.frControls)->geometry(), Qt::gray);
+        return image;
+    }
+
+    static size_t Drawn()
+    {
+        size_t figures = 0;
+        for (int line = 1; line <= LineCount(); ++line) figures += FiguresOfLine(line).size();
+        return figures;
+    }
+};
+
+} // namespace
+
+TEST_F(DrawingWindow, EveryControlHasItsNames)
+{
+    const auto check = [&](Control& control) {
+        SCOPED_TRACE(FullName(control));
+        EXPECT_NE(TipOf(control), FullName(control));
+        EXPECT_FALSE(WidgetOf(control)->accessibleName().isEmpty());
+        EXPECT_FALSE(WidgetOf(control)->toolTip().isEmpty());
+    };
+    frmDraw.ForEach(check);
+    frmProgramWindow.ForEach(check);
+    // Names that the main window has as well.
+    EXPECT_NE(TipOf(frmDraw.cmdStep), TipOf(frmMain.cmdStep));
+    EXPECT_NE(TipOf(frmDraw.frView), TipOf(frmMain.frView));
+}
+
+TEST_F(DrawingWindow, OpensOnItsCanvasAndShowsWhatIsChosen)
+{
+    EXPECT_EQ(QApplication::focusWidget(), Canvas());
+    EXPECT_EQ(Drawn(), 3U);
+    EXPECT_TRUE(IsOnLine(453, 453));
+    EXPECT_EQ(Shown().pixelColor(700, 50), QColor(Qt::black));
+
+    Click(frmDraw.chkAutoRedraw);
+    Click(frmDraw.chkPrintableBackground);
+    EXPECT_EQ(Shown().pixelColor(700, 50), QColor(Qt::white));
+    const QImage before = Shown();
+    Click(frmDraw.chkGrid);
+    EXPECT_NE(Shown(), before);
+    Click(frmDraw.chkGrid);
+    EXPECT_EQ(Shown(), before);
+    Click(frmDraw.chkDiameter);
+    EXPECT_EQ(Draw->windowTitle(), "X-diameter=");
+    EXPECT_FALSE(WidgetOf(frmDraw.chkToolWidth)->isVisible()) << "the mill's";
+    EXPECT_EQ(Shared.DrawBoxes.Background, 1);
+}
+
+TEST_F(DrawingWindow, FillOfTheLatheOutlastsTheMill)
+{
+    Click(frmDraw.chkFillCycles);
+    LoadExample("f1-first-milling.cnc");
+    EXPECT_FALSE(WidgetOf(frmDraw.chkFillCycles)->isVisible());
+    EXPECT_EQ(frmDraw.chkFillCycles.Value, 0);
+    Click(frmDraw.chkGrid);
+    LoadExample("mk4-first-turning.cnc");
+    EXPECT_EQ(frmDraw.chkFillCycles.Value, 1);
+}
+
+TEST_F(DrawingWindow, ScaleByTheListAndByTheWheel)
+{
+    Click(frmDraw.chkAutoRedraw);
+    Pick(frmDraw.cboScale, 4);
+    EXPECT_EQ(Shared.DrawScale, 2);
+    EXPECT_TRUE(IsOnLine(426, 426)) << "half as far";
+
+    // The place under the pointer stays; a touchpad's parts of a step add up.
+    Move(500, 450);
+    const QString title = Draw->windowTitle();
+    Turn(120, {500, 450});
+    EXPECT_EQ(Shared.DrawScale, 4);
+    EXPECT_EQ(Draw->windowTitle(), title);
+    for (const int part : {-40, -40, -40}) Turn(part, {500, 450});
+    EXPECT_EQ(Shared.DrawScale, 2);
+    for (int i = 0; i < 9; ++i) Turn(120, {790, 590});
+    EXPECT_EQ(frmDraw.cboScale.Index, 9) << "no further";
+    EXPECT_LT(Drawing.ZeroPointX, 0);
+    EXPECT_EQ(Picture.Operations().back().Is, Operation::Kind::SetForeColor);
+    // What was left of the pointer is now beyond the left edge, and not in the middle of the window.
+    Move(790, 590);
+    const double right = (790 * 15 - Drawing.ZeroPointX) / Shared.DrawScale;
+    EXPECT_NEAR(right, (790 - 400) * 15 / 2.0, 1);
+
+    // A fit below the list: the wheel grows into the list from there.
+    Events.Run([] {
+        PickItem(frmDraw.cboScale, -1);
+        Shared.DrawScale = 0.0625F;
+    });
+    Turn(-120, {500, 450});
+    EXPECT_EQ(Shared.DrawScale, 0.0625F);
+    Turn(120, {500, 450});
+    EXPECT_EQ(Shared.DrawScale, 0.125F);
+}
+
+TEST_F(DrawingWindow, TheMiddleButtonMovesThePicture)
+{
+    QTest::mousePress(Canvas(), Qt::MiddleButton, {}, {500, 500});
+    Move(520, 490);
+    Move(540, 480);
+    QTest::mouseRelease(Canvas(), Qt::MiddleButton, {}, {540, 480});
+    Move(600, 300);
+    EXPECT_EQ(Drawing.ZeroPointX, 6600);
+    EXPECT_EQ(Drawing.ZeroPointY, 5700);
+    EXPECT_TRUE(IsOnLine(453 + 40, 453 - 20));
+    // Beyond the left edge too.
+    QTest::mousePress(Canvas(), Qt::MiddleButton, {}, {500, 500});
+    Move(0, 500);
+    QTest::mouseRelease(Canvas(), Qt::MiddleButton, {}, {0, 500});
+    EXPECT_EQ(Drawing.ZeroPointX, -900);
+    EXPECT_EQ(FiguresOfLine(1).at(0).At[0], -900);
+}
+
+TEST_F(DrawingWindow, TheZeroPointIsChosenByAClick)
+{
+    Click(frmDraw.cmdZeroPoint);
+    EXPECT_EQ(Canvas()->cursor().shape(), Qt::CrossCursor);
+    EXPECT_FALSE(WidgetOf(frmDraw.cmdRedraw)->isEnabled());
+    SendKeys("{ESC}");
+    EXPECT_EQ(Drawn(), 3U) << "[ESC] brings the picture back";
+    EXPECT_EQ(Drawing.ZeroPointX, 6000);
+    Click(frmDraw.cmdZeroPoint);
+    ClickCanvas(500, 300);
+    EXPECT_EQ(Drawing.ZeroPointX, 7500);
+    EXPECT_TRUE(WidgetOf(frmDraw.cmdRedraw)->isEnabled());
+    EXPECT_EQ(Canvas()->cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(DrawingWindow, TwoClicksMeasureAndAThirdEnds)
+{
+    const QImage before = Shown();
+    for (const char* const end : {"click", "{ESC}"}) {
+        SCOPED_TRACE(end);
+        ClickCanvas(420, 300);
+        EXPECT_TRUE(WidgetOf(frmDraw.frMeasure)->isVisible()) << "before the pointer moves";
+        Move(440, 330);
+        ClickCanvas(450, 340);
+        EXPECT_NE(Shown(), before);
+        EXPECT_FALSE(WidgetOf(frmDraw.cmdRedraw)->isEnabled());
+        // 30 and 40 pixels at 15 / 4 units each.
+        EXPECT_EQ(frmDraw.lblMeasureDistance.Text, "187");
+        EXPECT_EQ(frmDraw.lblMeasureDistanceUnits.Text, "1.87 mm");
+
+        Click(frmDraw.txtMeasureX1);
+        SendKeys("{DOWN}{UP}1-00{ENTER}");
+        EXPECT_EQ(frmDraw.txtMeasureX1.Text, "100");
+        EXPECT_EQ(QApplication::focusWidget(), WidgetOf(frmDraw.txtMeasureZ1));
+        // Beside the boxes, and on a button that is disabled now: nothing.
+        QTest::mouseClick(WidgetOf(frmDraw.lblX), Qt::LeftButton);
+        Click(frmDraw.cmdRedraw);
+        EXPECT_TRUE(Drawing.MeasureDone);
+
+        end[0] == '{' ? SendKeys(end) : ClickCanvas(600, 300);
+        EXPECT_FALSE(WidgetOf(frmDraw.frMeasure)->isVisible());
+        EXPECT_TRUE(WidgetOf(frmDraw.frView)->isVisible()) << "before the pointer moves";
+        EXPECT_TRUE(WidgetOf(frmDraw.cmdRedraw)->isEnabled());
+        EXPECT_EQ(Shown(), before) << "no mark is left";
+    }
+    ClickCanvas(420, 300);
+    SendKeys("{ESC}");
+    EXPECT_EQ(Shown(), before) << "after one click";
+}
+
+TEST_F(DrawingWindow, ADoubleClickSelectsTheLine)
+{
+    Click(frmDraw.chkAutoRedraw);
+    Click(frmDraw.chkProgramWindow);
+    const QImage before = Shown();
+    const QPoint onSecond(453, 455);
+    QTest::mouseClick(Canvas(), Qt::LeftButton, {}, onSecond);
+    QTest::mouseDClick(Canvas(), Qt::LeftButton, {}, onSecond);
+    EXPECT_EQ(lvCncProgram.Selected, 2);
+    EXPECT_EQ(Events.Widgets.As<QListWidget>(frmProgramWindow.lstCncLines)->currentRow(), 1);
+    EXPECT_FALSE(Drawing.MeasureStarted);
+    EXPECT_TRUE(WidgetOf(frmDraw.frView)->isVisible());
+    EXPECT_NE(Shown(), before) << "the line is marked";
+    // Beside all figures the clicks are two points.
+    QTest::mouseClick(Canvas(), Qt::RightButton, {}, {600, 300});
+    QTest::mouseDClick(Canvas(), Qt::RightButton, {}, {600, 300});
+    EXPECT_TRUE(Drawing.MeasureDone);
+}
+
+TEST_F(DrawingWindow, StepsPausesAndProgramLines)
+{
+    auto* const list = Events.Widgets.As<QListWidget>(frmProgramWindow.lstCncLines);
+    Click(frmDraw.chkProgramWindow);
+    Pick(frmDraw.cboRun, 1);
+    EXPECT_TRUE(Lines->isVisible());
+    EXPECT_EQ(list->count(), 5);
+    EXPECT_EQ(list->currentRow(), 0);
+    EXPECT_EQ(QApplication::focusWidget(), WidgetOf(frmDraw.cmdStep));
+    Click(frmDraw.cmdStep);
+    EXPECT_EQ(list->currentRow(), 1);
+    SendKeys(" ");
+    EXPECT_EQ(WaitingLine(), 2);
+    EXPECT_EQ(Drawn(), 3U);
+    // A frame that was closed comes back by a click also while the walk waits.
+    Click(frmDraw.cmdCloseControls);
+    EXPECT_FALSE(WidgetOf(frmDraw.frControls)->isVisible());
+    ClickCanvas(600, 300);
+    EXPECT_TRUE(WidgetOf(frmDraw.frControls)->isVisible());
+    Click(frmDraw.cmdAbort);
+    EXPECT_EQ(WaitingLine(), -1);
+
+    Pick(frmDraw.cboRun, 3);
+    EXPECT_EQ(WaitingLine(), 0);
+    EXPECT_TRUE(QTest::qWaitFor([] { return WaitingLine() == 1; }, 2000)) << "a pause ends by itself";
+    SendKeys("{ESC}");
+    EXPECT_EQ(WaitingLine(), -1);
+    Pick(frmDraw.cboRun, 2);
+    EXPECT_TRUE(QTest::qWaitFor([] { return WaitingLine() < 0; }, 2000));
+    EXPECT_EQ(Drawn(), 3U);
+
+    // The window stays where it is put and as large as it was made.
+    Lines->move(30, 40);
+    Lines->resize(600, 250);
+    Lines->close();
+    EXPECT_FALSE(Lines->isVisible());
+    Pick(frmDraw.cboRun, 0);
+    EXPECT_TRUE(Lines->isVisible());
+    EXPECT_EQ(Lines->pos(), QPoint(30, 40));
+    EXPECT_EQ(Lines->size(), QSize(600, 250));
+}
+
+TEST_F(DrawingWindow, TheDrawingFollowsAnEditedLine)
+{
+    Click(frmDraw.chkAutoRedraw);
+    Click(frmDraw.chkProgramWindow);
+    Click(frmDraw.cmdEditor);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Main.get()));
+    Events.Run([] {
+        SetFocus(frmMain.lvCncProgram);
+        SelectRow(1);
+    });
+    SendKeys("{ENTER}00{ENTER}0{ENTER}150{ENTER}{ENTER}");
+    EXPECT_EQ(FiguresOfLine(1).at(0).At[1], FiguresOfLine(1).at(0).At[3]) << "a level line now";
+    EXPECT_EQ(&ActiveWindow(), &frmMain.Window);
+    EXPECT_EQ(frmProgramWindow.lstCncLines.Index, lvCncProgram.Selected - 1);
+}
+
+TEST_F(DrawingWindow, ClosesCleanlyInEveryState)
+{
+    struct Case {
+        const char* Name;
+        std::function<void()> Make;
+    };
+    const Case cases[] = {
+        {"at rest", [] {}},
+        {"at a step", [&] { Pick(frmDraw.cboRun, 1); }},
+        {"in a pause", [&] { Pick(frmDraw.cboRun, 4); }},
+        {"at a held line",
+         [&] {
+             lvCncProgram.Row(2)[CellComment] = "cmdWAIT";
+             Click(frmDraw.cmdRedraw);
+         }},
+        {"measuring", [&] { ClickCanvas(600, 300); }},
+        {"choosing a zero point", [&] { Click(frmDraw.cmdZeroPoint); }},
+        {"with Program Lines at a step",
+         [&] {
+             Click(frmDraw.chkProgramWindow);
+             Pick(frmDraw.cboRun, 1);
+         }},
+        {"without its frame", [&] { Click(frmDraw.cmdCloseControls); }},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.Name);
+        Enter(ThreeMoves);
+        c.Make();
+        Draw->close();
+        EXPECT_FALSE(Draw->isVisible() || Lines->isVisible() || Drawing.DrawingNow);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(Main.get()));
+        Enter(ThreeMoves);
+        Open();
+        EXPECT_EQ(Drawn(), 3U);
+        EXPECT_TRUE(WidgetOf(frmDraw.cmdRedraw)->isEnabled());
+        EXPECT_TRUE(WidgetOf(frmDraw.frControls)->isVisible());
+        EXPECT_TRUE(WidgetOf(frmDraw.frView)->isVisible());
+        Shared.DrawBoxes = {};
+    }
+}
+
+TEST_F(DrawingWindow, ComesBackOnTheScreen)
+{
+    const QRect screen = Draw->screen()->availableGeometry();
+    Draw->showMaximized();
+    QTest::qWait(20);
+    EXPECT_TRUE(Drawing.Maximized);
+    // The frame doesn't leave a maximised window.
+    Events.Run([] { frmDraw.frControls.Left = 90000; });
+    EXPECT_TRUE(Draw->rect().contains(WidgetOf(frmDraw.frControls)->geometry()));
+    Draw->close();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Main.get()));
+    Open();
+    EXPECT_FALSE(Draw->isMaximized());
+    EXPECT_TRUE(screen.contains(Draw->pos()));
+
+    frmProgramWindow.Window.Top = ToTwips(*Draw, screen.bottom() - 20);
+    Click(frmDraw.chkProgramWindow);
+    Click(frmDraw.cmdRedraw);
+    EXPECT_LE(Lines->frameGeometry().bottom(), screen.bottom());
+}
+
+TEST_F(DrawingWindow, ThePictureIsSaved)
+{
+    Folder folder;
+    const std::pair<const char*, std::string_view> files[] = {
+        {"a.svg", "<?xml"}, {"a.png", "\x89PNG"}, {"a.PDF", "%PDF"}};
+    for (const auto& [name, head] : files) {
+        Desk.Files.push_back(folder / name);
+        Click(frmDraw.cmdSavePicture);
+        EXPECT_TRUE(BytesOf(folder / name).starts_with(head)) << name;
+    }
+    const QImage saved(QString::fromStdString(folder / "a.png"));
+    EXPECT_EQ(saved.size(), Canvas()->size());
+    EXPECT_EQ(saved.pixelColor(453, 453), Shown().pixelColor(453, 453));
+    EXPECT_TRUE(Desk.Boxes.empty());
+    Desk.Files.push_back(folder / "a.gif");
+    Click(frmDraw.cmdSavePicture);
+    EXPECT_EQ(Desk.Boxes.size(), 1U);
+}

@@ -1,0 +1,185 @@
+// The windows in every language that is shipped: no text is cut off, and the toolkit's dialogs follow.
+
+#include "commands/drawing.h"
+#include "commands/session.h"
+#include "commands/settings.h"
+#include "core/control_names.h"
+#include "core/draw_window.h"
+#include "core/main_window.h"
+#include "core/messages.h"
+#include "core/shared_state.h"
+#include "editor/code_box.h"
+#include "qt/draw_frame.h"
+#include "qt/main_frame.h"
+#include "support/program.h"
+#include "ui/choice.h"
+#include "ui/panes.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QLibraryInfo>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string ModuleOf(const std::string& language)
+{
+    return std::string(LANGUAGES_DIR) + "/" + language + ".txt";
+}
+
+class InLanguage : public testing::TestWithParam<const char*>
+{
+protected:
+    Desktop Events;
+    MainFrame Main{Events};
+    FindFrame Find{Events, nullptr};
+    DrawFrame Drawing{Events};
+
+    void Open(MachineKind machine)
+    {
+        Desk = {};
+        ThePlatform = &Desk;
+        ResetState();
+        frmMain.Window.Width = 787 * 15;
+        frmMain.Window.Height = 581 * 15;
+        Events.Run([&] {
+            StartNew(machine, true, false);
+            LoadLanguageModule(ModuleOf(GetParam()));
+        });
+        Main.Open();
+    }
+    void SetUp() override { Open(MachineKind::MK4); }
+
+    int WidthOf(const QWidget& widget, const std::string& text)
+    {
+        return widget.fontMetrics().size(Qt::TextShowMnemonic, QString::fromStdString(text)).width();
+    }
+
+    /// Codes stand in front of their descriptions, which are broken between words.
+    void ExpectWordsFit(const Control& list, const QWidget& widget)
+    {
+        constexpr int CodeAndScrollBar = 60;
+        for (const std::string& item : list.Items) {
+            const QString description = QString::fromStdString(item).section('\t', 1);
+            for (const QString& word : description.split(' '))
+                EXPECT_LE(widget.fontMetrics().horizontalAdvance(word), widget.width() - CodeAndScrollBar)
+                    << item;
+        }
+    }
+
+    void ExpectFit(const Control& control)
+    {
+        const QWidget* const widget = control.Is == Kind::Menu ? nullptr : Events.Widgets.Of(control);
+        if (widget == nullptr || !widget->isVisible() || control.Text.empty()) return;
+        if (control.Is == Kind::List) return ExpectWordsFit(control, *widget);
+        int needed = 0;
+        // A path is shortened, and the units stand where there is room.
+        const bool elided = &control == &frmMain.lblPath || &control == &frmMain.lblEntryUnits;
+        if (control.Is == Kind::Label && !elided) needed = WidthOf(*widget, control.Text);
+        if (control.Is == Kind::CheckBox || control.Is == Kind::Option)
+            needed = widget->minimumSizeHint().width();
+        if (control.Is == Kind::Button) needed = WidthOf(*widget, control.Text) + 4;
+        if (control.Is == Kind::Frame) needed = WidthOf(*widget, control.Text) + 8;
+        EXPECT_LE(needed, widget->width()) << GetParam() << " " << FullName(control) << ": " << control.Text;
+    }
+    void ExpectAllFit()
+    {
+        QApplication::processEvents();
+        frmMain.ForEach([&](Control& control) { ExpectFit(control); });
+        frmDraw.ForEach([&](Control& control) { ExpectFit(control); });
+    }
+};
+
+TEST_P(InLanguage, NoTextIsCutOffInTheSmallestWindow)
+{
+    for (const MachineKind machine : {MachineKind::MK2, MachineKind::MK4, MachineKind::F1}) {
+        Open(machine);
+        ExpectAllFit();
+        // All fields, and the word of a jump.
+        for (const char* code : {machine == MachineKind::MK4 ? "G84 " : "G01 ", "G25 "}) {
+            Events.Run([&] { PickCode(code); });
+            ExpectAllFit();
+        }
+        for (int tab = 0; tab < static_cast<int>(frmMain.tabSettings.Items.size()); ++tab) {
+            Events.Run([&] {
+                frmMain.tabSettings.Visible = true;
+                PickItem(frmMain.tabSettings, tab);
+            });
+            ExpectAllFit();
+        }
+    }
+    Events.Run([] {
+        frmMain.tabSettings.Visible = false;
+        for (Control* frame : {&frmMain.frCmdEditor1, &frmMain.frCmdEditor2, &frmMain.frCmdEditor3})
+            frame->Visible = false;
+        frmMain.frRXcode.Visible = frmMain.frCmdRX.Visible = frmMain.cmdReceiveLast.Visible = true;
+    });
+    ExpectAllFit();
+}
+
+TEST_P(InLanguage, NoTextIsCutOffInTheDrawing)
+{
+    for (const char* file : {"/mk4-chess-pawn.cnc", "/f1-pocket-and-holes.cnc"}) {
+        Load(BytesOf(std::string(EXAMPLES_DIR) + file));
+        Events.Run([] {
+            mnuDraw_Click();
+            for (Control* covering : {&frmDraw.cmdStep, &frmDraw.cmdAbort, &frmDraw.frMeasure})
+                covering->Visible = true;
+        });
+        ExpectAllFit();
+    }
+}
+
+TEST_P(InLanguage, DialogsOfTheToolkitFollow)
+{
+    const std::map<std::string, std::pair<std::string, QString>> files{
+        {"German", {"Ja", "qtbase_de.qm"}},   {"French", {"Oui", "qtbase_fr.qm"}},
+        {"Spanish", {"Sí", "qtbase_es.qm"}},  {"Dutch", {"Ja", "qtbase_nl.qm"}},
+        {"English", {"Yes", "qtbase_en.qm"}},
+    };
+    const auto& [yes, file] = files.at(GetParam());
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (!QFile::exists(folder + "/" + file)) GTEST_SKIP() << "qt6-translations-l10n is not installed";
+    const auto text = [] {
+        QString button = QApplication::translate("QPlatformTheme", "&Yes");
+        return button.remove('&').toStdString();
+    };
+    EXPECT_EQ(text(), yes);
+    Events.Run([] { LoadLanguageModule(ModuleOf("English")); });
+    EXPECT_EQ(text(), "Yes");
+    Events.Run([] { LoadLanguageModule(ModuleOf(GetParam())); });
+    EXPECT_EQ(text(), yes);
+
+    // The boxes of the program itself, also where the toolkit has no such language.
+    std::string shown;
+    QTimer::singleShot(0, &Main, [&] {
+        const auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        shown = box->button(QMessageBox::Yes)->text().remove('&').toStdString();
+        box->button(QMessageBox::No)->click();
+    });
+    QtPlatform platform;
+    EXPECT_EQ(platform.Show({"?", "", Buttons::YesNo}), Answer::No);
+    EXPECT_EQ(shown, yes);
+}
+
+INSTANTIATE_TEST_SUITE_P(Shipped, InLanguage,
+                         testing::Values("English", "German", "French", "Spanish", "Dutch"),
+                         [](const auto& test) { return std::string(test.param); });
+
+TEST(Language, ATipThatStoodSinceTheStartFollows)
+{
+    Desktop events;
+    MainFrame window(events);
+    ResetState();
+    events.Run([] { StartNew(MachineKind::MK4, true, false); });
+    const QWidget& button = *events.Widgets.Of(frmMain.cmdInsert);
+    const std::string english = button.toolTip().toStdString();
+    events.Run([] { LoadLanguageModule(ModuleOf("German")); });
+    EXPECT_NE(button.toolTip().toStdString(), english);
+    EXPECT_EQ(button.toolTip().toStdString(), TipOf(frmMain.cmdInsert));
+}
+
+} // namespace
