@@ -16,11 +16,13 @@ _brixley_cli()
     local help line
     if ((COMP_CWORD == 1)); then
         help=$("$program" --help 2>/dev/null) || return 0
+        local words
         if [[ $current == -* ]]; then
-            mapfile -t COMPREPLY < <(compgen -W "$(_brixley_cli_options "$help")" -- "$current")
+            words=$(_brixley_cli_options "$help")
         else
-            mapfile -t COMPREPLY < <(compgen -W "$(sed '1,/^Subcommands:/d; s/^ *\([^ ]*\).*/\1/' <<<"$help")" -- "$current")
+            words=$(sed '1,/^Subcommands:/d; s/^ *\([^ ]*\).*/\1/' <<<"$help")
         fi
+        mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
         return 0
     fi
     help=$("$program" "${COMP_WORDS[1]}" --help 2>/dev/null) || return 0
