@@ -10,7 +10,7 @@ void* LoadRoutine(const std::string& file, const char* routine, const std::strin
 {
     const std::string folder = ThePlatform->ProgramFolder();
     void* module = nullptr;
-    for (const char* place : {"/", "/../lib/brixley/"}) {
+    for (const char* place : {"/", "/../lib/brixley/modules/"}) {
         module = dlopen((folder + place + file).c_str(), RTLD_NOW | RTLD_LOCAL);
         if (module != nullptr) break;
     }

@@ -23,6 +23,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName("brixley");
     QApplication::setApplicationVersion(ProductVersion);
+    QApplication::setDesktopFileName("org.brixley.Brixley"); // a desktop shows that entry's icon
 
     std::optional<std::string> file;
     const QStringList arguments = QApplication::arguments();
