@@ -120,10 +120,17 @@ bool IsOtherEndOpen(int line)
     return ::poll(&look, 1, 0) <= 0 || (look.revents & POLLHUP) == 0;
 }
 
-/// Waits until the other end is open, and its parameters are set.
+/// Whether characters wait; they also tell that the other end was open, when it is closed again already.
+bool HasCharacters(int line)
+{
+    pollfd look{line, POLLIN, 0};
+    return ::poll(&look, 1, 0) > 0 && (look.revents & POLLIN) != 0;
+}
+
+/// Waits until the other end is open, or was.
 bool WaitForOtherEnd(int line, Clock::time_point giveUp)
 {
-    while (!IsOtherEndOpen(line)) {
+    while (!IsOtherEndOpen(line) && !HasCharacters(line)) {
         if (Clock::now() > giveUp) return false;
         std::this_thread::sleep_for(std::chrono::milliseconds(2));
     }
