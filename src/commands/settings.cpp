@@ -183,12 +183,13 @@ void LoadModules()
 /// The files of the modules that the General tab offers, beside the names of their languages there.
 std::vector<std::string> LanguageFiles;
 
-/// The choice of the General tab follows the module in use.
+/// The choice of the General tab follows the module in use; the texts are English where there is none.
 void ShowLanguage()
 {
     Control& list = frmMain.cboLanguage;
-    const auto used =
-        std::find(LanguageFiles.begin(), LanguageFiles.end(), FileNameOf(Shared.LanguageFileName));
+    const std::string& module = Shared.LanguageFileName;
+    const auto used = std::find(LanguageFiles.begin(), LanguageFiles.end(),
+                                module.empty() ? "English.txt" : FileNameOf(module));
     list.Index = used == LanguageFiles.end() ? -1 : static_cast<int>(used - LanguageFiles.begin());
     list.Text = list.Index < 0 ? "" : list.Items[static_cast<size_t>(list.Index)];
 }

@@ -11,6 +11,7 @@
 #include "editor/find.h"
 #include "qt/arrangement.h"
 #include "qt/help_page.h"
+#include "qt/layouts.h"
 #include "qt/menus.h"
 #include "qt/pane.h"
 #include "qt/program_list_view.h"

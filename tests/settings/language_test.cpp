@@ -228,6 +228,24 @@ TEST(Language, WhatIsShownFollowsTheNewLanguage)
     EXPECT_EQ(frmMain.lblFKTL.Text, "Bloc");
 }
 
+/// What is typed and saved is the machine's language, whatever the captions say.
+TEST(Language, LinesAreTheSameInEveryLanguage)
+{
+    for (const char* language : {"English", "German", "French", "Spanish", "Dutch"}) {
+        for (const auto& [profile, script, cells] :
+             {std::tuple{"MK4 mm", "25{ENTER}5{ENTER}{ENTER}", "L05 "},
+              std::tuple{"MK4 mm", "33{ENTER}-50{ENTER}20{ENTER}{ENTER}", "K20 "},
+              std::tuple{"F1 mm", "m06{ENTER}500{ENTER}9{ENTER}0{ENTER}1{ENTER}{ENTER}", "T01 "}}) {
+            Start(profile);
+            ReadLanguageModule(BytesOf(std::string(LANGUAGES_DIR) + "/" + language + ".txt"));
+            RunKeyScript(script);
+            std::string word = lvCncProgram.Row(1)[CellF];
+            std::erase(word, ' ');
+            EXPECT_EQ(word + " ", cells) << language;
+        }
+    }
+}
+
 /// The toolbar's words are those of English alone, whatever the case of its name; a scale box stays empty
 /// until the drawing comes to the front.
 TEST(Language, ToolBarAndScaleBox)
