@@ -1,4 +1,5 @@
 #include "cli/commands.h"
+#include "cli/module.h"
 
 #include "cli/key_script.h"
 #include "cli/state_json.h"
@@ -128,6 +129,7 @@ Outcome TypeKeys(const LoadOptions& options, const std::string& file, const std:
     if (!file.empty()) {
         if (const auto why = LoadInto(file)) return Failed(file + ": " + *why);
     }
+    ThePicturePainter = PaintByModule;
     if (const auto fault = RunKeyScript(script)) return Failed(*fault);
     return {StatusDone,
             asJson ? WindowStateAsJson() : ProgramAsText(file.empty() ? "keys" : file, withColor)};

@@ -43,3 +43,10 @@ PortSessionRoutine* LoadPortSession(std::string& why)
     return reinterpret_cast<PortSessionRoutine*>(
         LoadRoutine("brixley-serial.so", PortSessionName, "serial ports", why));
 }
+
+std::string PaintByModule(const PictureRequest& picture)
+{
+    std::string why;
+    PaintPictureRoutine* const paint = LoadPicturePainter(why);
+    return paint == nullptr ? "" : paint(picture);
+}

@@ -13,3 +13,6 @@
 PaintPictureRoutine* LoadPicturePainter(std::string& why);
 PrintPdfRoutine* LoadPdfPrinter(std::string& why);
 PortSessionRoutine* LoadPortSession(std::string& why);
+
+/// Paints with the module, which is loaded by the first picture; "" when it can't be.
+std::string PaintByModule(const PictureRequest& picture);

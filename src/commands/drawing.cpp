@@ -110,7 +110,9 @@ void mnuDraw_Click()
 
 void RefreshDrawing()
 {
+    const bool front = std::exchange(Shared.DrawingToFront, false);
     if (!frmDraw.Window.Visible || !BeginDrawing()) return;
+    if (front) SetActiveWindow(frmDraw.Window);
     frmDraw_Activate();
     ShowSelectedProgramLine();
 }

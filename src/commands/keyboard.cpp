@@ -336,7 +336,9 @@ void ClickControl(Control& control)
     if (control.Is == Kind::CheckBox) {
         SetCheck(control, control.Value == 0);
     } else if (control.Is == Kind::Option) {
-        if (!RefuseWhileBusy()) Choose(control);
+        // Machine and units are the program's; the rows of options of the port are not.
+        const bool ofPort = control.Element >= 0;
+        if (ofPort || !RefuseWhileBusy()) Choose(control);
     } else {
         RunClick(control);
     }

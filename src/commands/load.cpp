@@ -4,6 +4,7 @@
 #include "commands/recent_files.h"
 #include "commands/save.h"
 #include "commands/settings.h"
+#include "core/draw_window.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/messages.h"
@@ -75,6 +76,7 @@ void TakeOver(ProgramFile file, const std::string& path)
     Interpreter();
     Shared.Changed = false;
     FollowLoad();
+    Shared.DrawingToFront = frmDraw.Window.Visible;
     ApplyMachine();
     MakeToolpositionColums();
     ShowLineCount();

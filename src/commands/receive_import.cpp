@@ -6,8 +6,10 @@
 #include "core/messages.h"
 #include "core/shared_state.h"
 #include "core/text.h"
+#include "editor/run.h"
 #include "platform/platform.h"
 #include "serial/receive.h"
+#include "ui/focus.h"
 #include "ui/panes.h"
 
 void cmdReceiveImport_Click()
@@ -18,10 +20,17 @@ void cmdReceiveImport_Click()
         ShowMessage(TextOf(Messages::NoLines));
         return;
     }
-    // The rows that a run or a transmission holds stay as they are.
-    if (Shared.RunLocked || Shared.Transmitting) {
+    // The rows that a transmission holds stay as they are. A run ends: it has nothing to lose.
+    if (Shared.Transmitting) {
         RefuseWhileBusy();
         return;
     }
-    if (LoadReceived(ToCodePage(text))) ForgetReceived();
+    const bool ran = Shared.RunLocked;
+    if (ran) cmdStop_Click();
+    if (LoadReceived(ToCodePage(text))) {
+        ForgetReceived();
+    } else if (ran) {
+        ControlsEnable(false);
+        SetFocus(frmMain.txtRX);
+    }
 }

@@ -302,6 +302,8 @@ void AfterEvent()
     if (Shared.ExitPending && !Shared.Transmitting) mnuExit_Click();
     if (std::exchange(Shared.DrawingFollows, false)) RefreshDrawing();
     ResumeDrawing();
+    const bool settings = frmMain.tabSettings.Visible;
+    if (std::exchange(Shared.SettingsWereUp, settings) && !settings) LeaveSettings();
     MendFocus();
     frmMain.lblChanged.Text = Shared.Changed ? "*" : "";
     ShowTransfer();

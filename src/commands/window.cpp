@@ -52,11 +52,7 @@ void mnuSettingsShow_Click()
 {
     frmMain.tabSettings.Visible = !frmMain.tabSettings.Visible;
     SetFocus(frmMain.tabSettings.Visible ? frmMain.tabSettings : frmMain.lvCncProgram);
-    if (frmMain.tabSettings.Visible) {
-        tabSettings_Click();
-    } else {
-        LeaveSettings();
-    }
+    if (frmMain.tabSettings.Visible) tabSettings_Click();
 }
 
 void cmdTopButtons_Click(int index)
@@ -79,9 +75,7 @@ void cmdTopButtons_Click(int index)
 void AxesPicture_Click()
 {
     HideAxesPictures();
-    if (!frmMain.tabSettings.Visible) return;
     frmMain.tabSettings.Visible = false;
-    LeaveSettings();
 }
 
 void mnuCalculator_Click()

@@ -103,6 +103,8 @@ struct SharedState {
     bool Activating = false;
     /// The find dialog, while it is shown, has the keys.
     bool FindInFront = false;
+    /// The settings pane was up when the last event ended.
+    bool SettingsWereUp = false;
     /// The next search goes on behind the selected row.
     bool FindNext = false;
     /// The caption that the entry frame returns to when the program is cleared.
@@ -125,6 +127,8 @@ struct SharedState {
 
     /// An open drawing is to follow the program when the event is over.
     bool DrawingFollows = false;
+    /// It follows a load, and comes to the front.
+    bool DrawingToFront = false;
     /// The drawing window is to draw when it is activated.
     bool RedrawPending = false;
     /// The drawing is to be fitted before it is drawn next.

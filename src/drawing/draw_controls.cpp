@@ -124,7 +124,7 @@ bool frControls_MouseDown(float x, float y)
     EndMeasure();
     Drawing.DragOffsetX = x;
     Drawing.DragOffsetY = y;
-    Drawing.Crosshair = false;
+    Drawing.Crosshair = Drawing.PickingZeroPoint; // the choice goes on
     return true;
 }
 

@@ -81,7 +81,7 @@ struct DrawingState {
     /// The first, the second point of a measurement is set.
     bool MeasureStarted = false, MeasureDone = false;
     /// The picture's generation that has the marks of the points.
-    int MarksOn = -1;
+    int MarksOn[2] = {-1, -1};
     /// Program coordinates of the last point set: across and down, unrounded.
     float MeasureX = 0, MeasureY = 0;
     /// x and y of the first point, x and y of the second, in twips.

@@ -125,7 +125,7 @@ void SetMeasurePoint(size_t point, double x, double y)
         Drawing.MeasurePoints[point * 2 + 1] = ToSingle(y);
     });
     MeasureCross(x, y);
-    Drawing.MarksOn = Picture.Generation();
+    Drawing.MarksOn[point] = Picture.Generation();
     Drawing.MeasureStarted = true;
     Drawing.MeasureDone = point == 1;
     SetDrawControls(false);
@@ -134,7 +134,7 @@ void SetMeasurePoint(size_t point, double x, double y)
 /// Erases the mark of a point that the picture still has: a drawing in between has erased it already.
 void EraseMark(size_t point)
 {
-    if (Drawing.MarksOn != Picture.Generation()) return;
+    if (Drawing.MarksOn[point] != Picture.Generation()) return;
     MeasureCross(Drawing.MeasurePoints[point * 2], Drawing.MeasurePoints[point * 2 + 1]);
 }
 

@@ -59,6 +59,8 @@ public:
 
     /// Local date and time.
     virtual DateTime Now() = 0;
+    /// Seconds since some moment; only goes forward.
+    virtual double Seconds() = 0;
 
     /// The user's folder for application data without a separator at its end, "" for none.
     virtual std::string LocalDataFolder() = 0;

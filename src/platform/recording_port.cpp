@@ -78,10 +78,10 @@ std::optional<PortFailure> RecordingPort::Write(std::string_view bytes)
 
 std::optional<PortFailure> RecordingPort::Read(std::string& bytes)
 {
-    if (const auto failure = Fault()) return failure;
-    if (!Opened && Input.empty()) return PortFailure{NotOpen};
-    bytes += std::exchange(Input, {});
-    return std::nullopt;
+    const auto failure = Fault();
+    if (!failure && !Opened && Input.empty()) return PortFailure{NotOpen};
+    bytes += std::exchange(Input, {}); // what came before the failure is not lost
+    return failure;
 }
 
 std::optional<PortFailure> RecordingPort::Fault()

@@ -44,6 +44,8 @@ public:
     RecordingPrinter Printer;
 
     DateTime Clock{2026, 1, 2, 3, 4, 5};
+    /// What passes between two looks at the seconds; a user is slow beside a stream of characters.
+    double BetweenLooks = 60, Passed = 0;
     std::string DataFolder, OtherFolder;
 
     Answer Show(const MessageBox& box) override;
@@ -52,6 +54,7 @@ public:
     std::optional<int> AskForColor(int present) override;
     void Beep() override { ++Beeps; }
     DateTime Now() override { return Clock; }
+    double Seconds() override { return Passed += BetweenLooks; }
     std::string LocalDataFolder() override { return DataFolder; }
     std::string SettingsFolder() override { return OtherFolder; }
     std::string ProgramFolder() override;

@@ -4,6 +4,7 @@
 #include "commands/keyboard.h"
 #include "commands/session.h"
 #include "commands/windows.h"
+#include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/shared_state.h"
 #include "editor/find.h"
@@ -44,8 +45,8 @@ Desktop::Desktop()
 void Desktop::ShowBehindBox()
 {
     Dialogs.Follow();
-    for (const Window& window : Windows) window.Render();
     Widgets.Push();
+    for (const Window& window : Windows) window.Render();
 }
 
 Desktop::~Desktop()
@@ -212,6 +213,11 @@ bool Desktop::eventFilter(QObject* receiver, QEvent* event)
         if (FormOf(receiver) != nullptr && qobject_cast<QMenuBar*>(receiver) == nullptr)
             return TakeKey(receiver, static_cast<QKeyEvent*>(event));
         break;
+    case QEvent::Wheel:
+        // In the drawing the wheel belongs to the scale, also above the lists of the frame.
+        if (FormOf(receiver) != &frmDraw.Window || qobject_cast<QComboBox*>(receiver) == nullptr) break;
+        event->ignore();
+        return true;
     case QEvent::InputMethod:
         if (FormOf(receiver) != nullptr) return TakeInputMethod(static_cast<QInputMethodEvent*>(event));
         break;
@@ -280,12 +286,20 @@ bool Desktop::TakePress(QObject* receiver)
     if (record == nullptr || (record->Is != Kind::TextBox && record->Is != Kind::Combo)) return false;
     // The widget puts its caret only when the engine has let the cursor come.
     if (record == &frmFind.txtFind) return false;
+    const bool had = HasFocus(*record);
     Run([&] { ClickControl(*record); });
+    if (!had && HasFocus(*record)) ClickedInto = record;
     return !HasFocus(*record);
 }
 
 bool Desktop::TakeRelease(QObject* receiver, const QPointF& at)
 {
+    // A click that brings the cursor into a box leaves selected what the engine has selected.
+    if (Control* const box = std::exchange(ClickedInto, nullptr)) {
+        const auto* const line = Widgets.As<QLineEdit>(*box);
+        if (line != nullptr && !line->hasSelectedText() && HasFocus(*box))
+            PushSelection(*Widgets.Of(*box), *box);
+    }
     Control* const record = Widgets.RecordOfExactly(receiver);
     if (record == nullptr || record->On.Click == nullptr) return false;
     const bool plain = record->Is == Kind::Label || record->Is == Kind::Frame || record->Is == Kind::Picture;

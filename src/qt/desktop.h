@@ -77,4 +77,6 @@ private:
     QTimer Tick;
     bool InEvent = false;
     const Control* PushedActive = nullptr;
+    /// The box that the button pressed just now has brought the cursor into.
+    Control* ClickedInto = nullptr;
 };

@@ -353,7 +353,8 @@ ProgramFrame::ProgramFrame(Desktop& desktop, QWidget* parent)
     : QWidget(parent, Qt::Tool | Qt::WindowStaysOnTopHint), Events(desktop)
 {
     desktop.Widgets.Add(frmProgramWindow.Window, this);
-    const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    QFont fixed("Courier New", QFontDatabase::systemFont(QFontDatabase::FixedFont).pointSize());
+    fixed.setStyleHint(QFont::Monospace);
     frmProgramWindow.ForEach([&](Control& record) {
         QWidget* widget = nullptr;
         if (&record == &frmProgramWindow.lstCncLines) {

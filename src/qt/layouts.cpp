@@ -318,7 +318,7 @@ void LayOutDirection(const ControlWidgets& widgets, const Control (&frames)[8], 
         QGridLayout* const grid = GridIn(Of(widgets, frame), 2, 1);
         for (int i = 0; i < count; ++i) grid->addWidget(Of(widgets, options[i]), i / columns, i % columns);
     };
-    fill(frames[1], ports, static_cast<int>(Ports), 2);
+    fill(frames[1], ports, static_cast<int>(Ports), 1); // with the names of their devices
     fill(frames[2], bauds, static_cast<int>(Bauds), 3);
     fill(frames[3], parities, 3, 3);
     fill(frames[4], dataBits, 2, 2);

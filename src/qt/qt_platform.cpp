@@ -13,6 +13,8 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+#include <chrono>
+
 namespace {
 
 struct ButtonSet {
@@ -168,6 +170,11 @@ DateTime QtPlatform::Now()
     const QDateTime now = QDateTime::currentDateTime();
     return {now.date().year(), now.date().month(),  now.date().day(),
             now.time().hour(), now.time().minute(), now.time().second()};
+}
+
+double QtPlatform::Seconds()
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
 std::string QtPlatform::LocalDataFolder()

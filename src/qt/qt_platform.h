@@ -18,6 +18,7 @@ public:
     std::optional<int> AskForColor(int present) override;
     void Beep() override;
     DateTime Now() override;
+    double Seconds() override;
     std::string LocalDataFolder() override;
     std::string ProgramFolder() override;
 };

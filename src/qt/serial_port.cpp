@@ -31,10 +31,13 @@ bool IsPseudo(const std::string& name)
     return PathOf(name).starts_with("/dev/pts/");
 }
 
+/// The group that may use a device; the usual one where belonging to its own would not help.
 std::string GroupOf(const std::string& path)
 {
     struct stat info;
-    const group* const named = ::stat(path.c_str(), &info) == 0 ? ::getgrgid(info.st_gid) : nullptr;
+    constexpr mode_t Use = S_IRGRP | S_IWGRP;
+    const bool helps = ::stat(path.c_str(), &info) == 0 && info.st_gid != 0 && (info.st_mode & Use) == Use;
+    const group* const named = helps ? ::getgrgid(info.st_gid) : nullptr;
     return named != nullptr ? named->gr_name : "dialout";
 }
 

@@ -34,6 +34,13 @@ std::string KeptFile()
 /// The text of the pane was neither saved nor imported.
 bool Unsaved = false;
 
+/// A machine that sends on: what comes within this time belongs to what came before, also behind a pane that
+/// was left or cleared meanwhile. Controls pause for less between two lines.
+constexpr double Silence = 2; // seconds
+double CameLast = -Silence;
+/// The kept text is the beginning of the stream that goes on in the pane.
+bool KeptBegins = false;
+
 void SetText(std::string text)
 {
     Control& box = frmMain.txtRX;
@@ -68,7 +75,12 @@ void TakeCharacters()
     std::erase(bytes, '\0');
     Control& box = frmMain.txtRX;
     if (!bytes.empty()) {
-        if (box.Text.empty()) ForgetReceived(); // a stream begins
+        const double now = ThePlatform->Seconds();
+        if (box.Text.empty()) {
+            KeptBegins = now - CameLast < Silence && FileExists(KeptFile());
+            ForgetReceived(); // a stream begins
+        }
+        CameLast = now;
         SetText(std::move(box.Text) + FromCodePage(bytes));
         Unsaved = true;
     }
@@ -154,6 +166,7 @@ void cmdReceiveLast_Click()
     }
     SetText(FromCodePage(bytes));
     Unsaved = true;
+    KeptBegins = false;
     SetFocus(frmMain.txtRX);
 }
 
@@ -173,7 +186,8 @@ void CloseReceivePane()
     for (const auto frame : EditorButtons) (frmMain.*frame).Visible = true;
     SetText("");
     Unsaved = false;
-    frmMain.lblTransfer.Text.clear();
+    frmMain.lblTransfer.Text = TransmissionResult();
+    ForgetTransmissionResult();
     frmMain.lvCncProgram.ToolTip.clear();
     cmdReturn_Click();
 }
@@ -181,13 +195,15 @@ void CloseReceivePane()
 void ForgetReceived()
 {
     Unsaved = false;
-    if (const std::string kept = KeptFile(); FileExists(kept)) RemoveFile(kept);
+    if (const std::string kept = KeptFile(); FileExists(kept) && !KeptBegins) RemoveFile(kept);
 }
 
 bool KeepReceived()
 {
     if (!Unsaved || KeptFile().empty()) return true;
-    const auto failure = ReplaceFile(KeptFile(), ToCodePage(frmMain.txtRX.Text));
+    std::string before;
+    if (KeptBegins && ReadWholeFile(KeptFile(), before)) before.clear();
+    const auto failure = ReplaceFile(KeptFile(), before + ToCodePage(frmMain.txtRX.Text));
     if (!failure) {
         Unsaved = false;
         return true;
@@ -201,7 +217,8 @@ bool KeepReceived()
 
 void ResetReception()
 {
-    Unsaved = false;
+    Unsaved = KeptBegins = false;
+    CameLast = -Silence;
 }
 
 std::string ReceptionText()

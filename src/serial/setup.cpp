@@ -194,6 +194,7 @@ void chkEnableCom_click()
     }
     if (!on && ThePort->IsOpen()) ThePort->Close();
     Shared.ComEnabled = on;
+    if (on && frmMain.frRXcode.Visible) LeaveSettings(); // the pane goes on with what comes
     frmMain.mnuTX.Enabled = frmMain.mnuRX.Enabled = on;
     // While the window is locked its buttons stay so.
     for (const size_t button : {8U, 9U}) frmMain.cmdTopButtons[button].Enabled = on && Shared.ControlsEnabled;

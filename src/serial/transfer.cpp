@@ -35,7 +35,10 @@ void ShowTransfer()
     const bool receiving = frmMain.frRXcode.Visible && !frmMain.txtRX.Text.empty();
     std::string& shown = frmMain.lblTransfer.Text;
     if (Shared.Transmitting) shown = (receiving ? ReceptionText() + "; " : "") + TransmissionText();
-    if (!Shared.Transmitting && receiving) shown = ReceptionText();
+    if (Shared.Transmitting || !receiving) return;
+    // How a transmission beside it ended stands behind it.
+    const std::string result = TransmissionResult();
+    shown = ReceptionText() + (result.empty() ? "" : "; " + result);
 }
 
 void PortTrouble(const PortFailure& failure, std::string_view procedure, TroubleBox box)

@@ -37,6 +37,8 @@ struct Transmission {
     std::string FirstMessage;
     TransmissionEnd End = TransmissionEnd::Running;
     std::optional<PortFailure> Failure;
+    /// It ended while the receive pane was up.
+    bool BesidePane = false;
     /// Scroll position and selection to come back to.
     int TopRow = 1, Selected = 0;
 };
@@ -82,11 +84,12 @@ void GiveWindowBack()
     lvCncProgram.TopRow = Sending.TopRow;
     if (Sending.Selected <= lvCncProgram.RowCount()) lvCncProgram.Selected = Sending.Selected;
     frmMain.lvCncProgram.ToolTip.clear();
-    const bool receiving = frmMain.frRXcode.Visible;
+    const bool receiving = Sending.BesidePane = frmMain.frRXcode.Visible;
     cmdReturn_Click();
     ControlsPositioning();
     if (receiving) {
         frmMain.frCmdEditor3.Visible = false;
+        SetFocus(frmMain.txtRX);
     } else {
         ControlsEnable(true);
         SetFocus(frmMain.lvCncProgram);
@@ -221,6 +224,16 @@ std::string TransmissionText()
     text += ", " + Tr("%1 left", {MakeTimeString(static_cast<float>(seconds))});
     if (!Sending.FirstMessage.empty()) text += ", " + Tr("first message in %1", {Sending.FirstMessage});
     return text;
+}
+
+std::string TransmissionResult()
+{
+    return Sending.BesidePane ? TransmissionText() : "";
+}
+
+void ForgetTransmissionResult()
+{
+    Sending.BesidePane = false;
 }
 
 std::vector<std::string> LinesToSend(std::string_view text, bool filter)

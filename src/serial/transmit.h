@@ -35,6 +35,11 @@ TransmissionEnd HowTransmissionEnded();
 /// How far it is: "12 of 25 lines sent, 00:00:14 left, first message in N05".
 std::string TransmissionText();
 
+/// How a transmission ended beside the receive pane that is up; "" for none.
+std::string TransmissionResult();
+/// The receive pane closes; its next reception begins without the result.
+void ForgetTransmissionResult();
+
 /// The lines that go out for a text, without their line ends. With the filter what only people read stays
 /// behind: the notes in front of the "%" line, and everything behind column 30. Empty lines and comment lines
 /// never go out.

@@ -226,6 +226,7 @@ void ShowHint()
         if (stops && !steps) hint = Tr("[ALT-P] stops");
         return;
     }
+    if (Busy()) return;
     if (focused->In != &frmMain.frEntry && focused != &frmMain.lvCncProgram) return;
     hint = AccessibleName(*focused) + ": ";
     const size_t to = focused->Tag.find("TO");

@@ -106,7 +106,8 @@ void RunCase(const Case& c)
     BeginProgram({}, folder / "user", c.Ports);
     LoadFile(folder.Put("three.cnc", WithCrLf(Program)));
     AfterEvent();
-    EXPECT_EQ(RunKeyScript(c.Script).value_or(""), "") << c.Name;
+    const std::string script = ReplaceEach(c.Script, "FOLDER", folder / "");
+    EXPECT_EQ(RunKeyScript(script).value_or(""), "") << c.Name;
     EXPECT_EQ(Look(c.What), c.Expected) << c.Name << " (" << c.What << ")";
 }
 
@@ -230,9 +231,15 @@ const Case Receiving[] = {
     {"not beside a text", COM "{RX abc}{CLICK cmdReceiveExit}{MENU mnuRX}{TEXT txtRX x}",
      "visible cmdReceiveLast", "no"},
     {"nor behind the next stream",
-     COM "{RX abc}{CLICK cmdReceiveNew}{RX d}{FILE d.tmp}{CLICK cmdReceiveSave}{CLICK cmdReceiveExit}{MENU "
+     COM "{RX abc}{CLICK cmdReceiveNew}{RX d}{FILE FOLDER/d.tmp}{CLICK cmdReceiveSave}{CLICK "
+         "cmdReceiveExit}{MENU "
          "mnuRX}",
      "visible cmdReceiveLast", "no"},
+    {"left by a click on a line the settings open the port", TAB "{CHECK chkEnableCom}{ROW 1}{RX abc}",
+     "txtRX", "abc"},
+    {"a read that fails loses nothing", COM "{RX abc}{PORT FAIL 70}{RX def}", "txtRX", "abcdef"},
+    {"a run doesn't stand in the way of the import", COM "{CLICK cmdRun}{RX abc}{CLICK cmdReceiveImport}",
+     "visible cmdReceiveImport", "yes"},
     {"a cleared text is kept too", COM "{RX abc}{CLICK cmdReceiveNew}", "file Receive.txt", "abc"},
     {"leaving the program keeps it", COM "{RX abc}{CLOSE frmMain}", "file Receive.txt", "abc"},
     {"a full disk is told before it is lost",
@@ -321,6 +328,10 @@ TEST_F(Transmission, LeavesStopInReachBesideAReception)
         << Look("lblTransfer");
     for (int i = 0; i < 6; ++i) LineLeaves();
     EXPECT_FALSE(IsUsable(frmMain.cmdStop));
+    EXPECT_EQ(Look("lblTransfer"), "1 lines received; 6 of 6 lines sent");
+    RunKeyScript("{CLICK cmdReceiveExit}");
+    EXPECT_EQ(Look("lblTransfer"), "6 of 6 lines sent");
+    RunKeyScript("{RX abc}");
     EXPECT_EQ(Look("lblTransfer"), "1 lines received");
     EXPECT_EQ(Look("locked"), "yes");
 }
@@ -400,6 +411,16 @@ TEST(Serial, AProgramGoesOut)
 TEST(Serial, AStreamComesIn)
 {
     for (const Case& c : Receiving) RunCase(c);
+}
+
+TEST(Serial, AStreamThatGoesOnIsKeptWhole)
+{
+    const Folder folder;
+    BeginProgram({}, folder / "user", 1);
+    Console.BetweenLooks = 0.1;
+    RunKeyScript(COM
+                 "{RX abc}{CLICK cmdReceiveExit}{RX def}{CLICK cmdReceiveNew}{RX g}{CLICK cmdReceiveExit}");
+    EXPECT_EQ(Look("file Receive.txt"), "abcdefg");
 }
 
 } // namespace
