@@ -5,10 +5,10 @@
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 
-targets=(brixley-cli brixley-pictures)
+targets=(brixley-cli brixley-pictures brixley-serial)
 packages=(g++ cmake ninja-build nlohmann-json3-dev libcli11-dev qt6-base-dev qt6-svg-dev qt6-serialport-dev)
 if [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]; then
-    targets=(brixley)
+    targets=(brixley "${targets[@]}")
     packages+=(qt6-translations-l10n)
     [[ -n ${WAYLAND_DISPLAY:-} ]] && packages+=(qt6-wayland)
 fi
@@ -19,7 +19,9 @@ fi
     cd "$here"
     cmake --preset release -DBRIXLEY_DESKTOP=ON -DBRIXLEY_TESTS=OFF -DBRIXLEY_BENCH=OFF -B build/run >/dev/null
     log=build/run/build.log
-    cmake --build build/run --target "${targets[@]}" >"$log" || { cat "$log"; exit 1; }
+    # How far it is, in one line that is written over.
+    steps() { if [[ -t 2 ]]; then sed -un 's/^\(\[[0-9]*\/[0-9]*\]\).*/\1/p' | while read -r step; do printf '\r%s' "$step"; done; printf '\r\033[K'; else cat >/dev/null; fi; }
+    cmake --build build/run --target "${targets[@]}" | tee "$log" | steps || { cat "$log"; exit 1; }
 ) >&2
 
 if [[ ${targets[0]} == brixley ]]; then

@@ -136,12 +136,14 @@ bool RunShortcut(const KeyStroke& key)
     return false;
 }
 
-/// [ESC] closes what lies over the list and goes to the list.
+/// [ESC] closes what lies over the list and goes to the list. From a help page it goes back to the field that
+/// the page has taken the cursor from, so that a line is typed on.
 void Escape()
 {
-    const bool picture = frmMain.picZXaxes.Visible || frmMain.picXYaxes.Visible;
-    if (IsHelpUp() || picture) cmdReturn_Click();
-    SetFocus(frmMain.lvCncProgram);
+    const bool help = IsHelpUp(), picture = frmMain.picZXaxes.Visible || frmMain.picXYaxes.Visible;
+    Control* const from = help ? TakeOwedFocus() : nullptr;
+    if (help || picture) cmdReturn_Click();
+    SetFocus(from != nullptr && IsUsable(*from) ? *from : frmMain.lvCncProgram);
 }
 
 /// The character that a key gives to KeyPress, 0 for none.

@@ -48,7 +48,8 @@ void ClearProgram_Click()
     if (RefuseWhileBusy()) return;
     cmdReturn_Click();
     if (LineCount() > 0 && Shared.Changed) {
-        const MessageBox box{TextOf(Messages::ClearAnyway), TextOf(Messages::Clear), Buttons::YesNo};
+        MessageBox box{TextOf(Messages::ClearAnyway), TextOf(Messages::Clear), Buttons::YesNo};
+        box.SafeIsNo = true;
         if (ThePlatform->Show(box) != Answer::Yes) return;
     }
     lvCncProgram.Rows.clear();

@@ -335,7 +335,8 @@ void mnuReset_Click()
 {
     if (RefuseWhileBusy()) return;
     if (LineCount() > 0 && Shared.Changed) {
-        const MessageBox box{TextOf(Messages::ClearAnyway), TextOf(Messages::Clear), Buttons::YesNo};
+        MessageBox box{TextOf(Messages::ClearAnyway), TextOf(Messages::Clear), Buttons::YesNo};
+        box.SafeIsNo = true;
         if (ThePlatform->Show(box) != Answer::Yes) return;
     }
     Shared.Changed = false;

@@ -19,6 +19,8 @@ struct MessageBox {
     std::string Title;
     ::Buttons Buttons = Buttons::OK;
     ::Icon Icon = Icon::None;
+    /// What [ENTER] answers: No where Yes would lose work.
+    bool SafeIsNo = false;
 };
 
 /// A file dialog: what it proposes, where it begins, and which files it shows

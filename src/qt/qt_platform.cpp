@@ -110,7 +110,7 @@ Answer QtPlatform::Show(const MessageBox& box)
     for (const ButtonSet& row : ButtonSets) {
         if (row.Set != box.Buttons) continue;
         shown.setStandardButtons(row.Shown);
-        shown.setDefaultButton(row.Default);
+        shown.setDefaultButton(box.SafeIsNo ? QMessageBox::No : row.Default);
         shown.setEscapeButton(row.Escape);
     }
     for (const ButtonCaption& row : ButtonCaptions) {

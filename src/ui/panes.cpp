@@ -228,7 +228,11 @@ void ShowHint()
     }
     if (Busy()) return;
     if (focused->In != &frmMain.frEntry && focused != &frmMain.lvCncProgram) return;
-    hint = AccessibleName(*focused) + ": ";
+    // A line that is there already is named: it will be replaced.
+    const int row = lvCncProgram.Selected;
+    const bool replaces = focused != &frmMain.lvCncProgram && row >= 1 && row <= LineCount();
+    if (replaces) hint = "N" + std::string(Trimmed(lvCncProgram.Row(row)[CellN])) + "  ";
+    hint += AccessibleName(*focused) + ": ";
     const size_t to = focused->Tag.find("TO");
     if (to == std::string::npos) {
         hint += FirstTipOf(*focused);

@@ -296,13 +296,14 @@ TEST_F(RealPort, LosesNoByteOfAStream)
 
 TEST_F(RealPort, TellsOnceWhatIsWrong)
 {
-    const std::string send = "send " + File + " --line 9600,N,8,1", receive = "receive -o ";
+    // Slow enough that a busy machine hangs up in the midst.
+    const std::string send = "send " + File + " --line 600,N,8,1", receive = "receive -o ";
     const struct {
         std::string Machine, Cli, Why;
     } cases[] = {
-        {"--line 9600,N,8,1 --hangup 20", send, "is gone: check the cable"},
-        {"--line 9600,N,8,1 --hangup 1", send, "is gone: check the cable"},
-        {"--fast --line 9600,N,8,1 --hangup 20 --talk 10 --memory " + File, send, "is gone: check the cable"},
+        {"--line 600,N,8,1 --hangup 20", send, "is gone: check the cable"},
+        {"--line 600,N,8,1 --hangup 1", send, "is gone: check the cable"},
+        {"--fast --line 600,N,8,1 --hangup 20 --talk 10 --memory " + File, send, "is gone: check the cable"},
         {"--fast --send --hangup 20 --memory " + File, receive + Work / "got", "what came is in"},
         {"--fast --send --hangup 0 --memory " + File, receive + Work / "none", "is gone: check the cable"},
     };
