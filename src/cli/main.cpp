@@ -14,6 +14,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
 #include <unistd.h>
 
@@ -36,6 +37,15 @@ struct Arguments {
     bool Ops = false;
 };
 
+/// The start makes a folder that isn't there yet; anything else of that name is in its way.
+std::string IsOrWillBeFolder(const std::string& path)
+{
+    if (path.empty()) return "A folder has a name";
+    std::error_code ignored;
+    const bool inTheWay = PathExists(path) && !std::filesystem::is_directory(path, ignored);
+    return inTheWay ? "This is no folder: " + path : "";
+}
+
 void AddLoadOptions(CLI::App& command, LoadOptions& options)
 {
     command.add_option("--machine", options.Machine, "machine in force before the load")
@@ -50,7 +60,7 @@ void AddLoadOptions(CLI::App& command, LoadOptions& options)
     command
         .add_option("--settings", options.Settings,
                     "folder in the place of the user's, to start from its settings")
-        ->check(CLI::ExistingDirectory)
+        ->check(IsOrWillBeFolder)
         ->type_name("DIR");
     command.add_option("--language", options.Language, "language module to load first")->type_name("FILE");
     command.add_option("--view", options.View, "boxes of the View frame: gcode,toolpos,properties,time")

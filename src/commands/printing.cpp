@@ -8,15 +8,9 @@
 #include "ui/focus.h"
 #include "ui/panes.h"
 
-namespace {
+#include <algorithm>
 
-/// A font that was picked counts at once, while its box still has the cursor.
-void TakeFont()
-{
-    for (Control* box : {&frmMain.cboFontName, &frmMain.cboFontSize}) {
-        if (HasFocus(*box)) box->On.LostFocus(*box);
-    }
-}
+namespace {
 
 void PrintListing(bool asksFirst)
 {
@@ -36,6 +30,22 @@ void PrintListing(bool asksFirst)
 }
 
 } // namespace
+
+std::string StandardFont()
+{
+    const auto& fonts = frmMain.cboFontName.Items;
+    const auto found = std::find_if(fonts.begin(), fonts.end(), [](const std::string& font) {
+        return font == "Courier" || font == "Courier New";
+    });
+    return found == fonts.end() ? ThePrinter->TypewriterFont() : *found;
+}
+
+void TakeFont()
+{
+    for (Control* box : {&frmMain.cboFontName, &frmMain.cboFontSize}) {
+        if (HasFocus(*box)) box->On.LostFocus(*box);
+    }
+}
 
 void mnuPrint_Click()
 {

@@ -219,19 +219,12 @@ void ResetState()
 
 namespace {
 
-/// The printer's fonts; a typewriter's face is chosen at first, since a listing stands in columns.
+/// The printer's fonts, and the one that is chosen at first.
 void FillFonts()
 {
     frmMain.cboFontName.Items = ThePrinter->Fonts();
-    const auto& fonts = frmMain.cboFontName.Items;
-    for (size_t i = 0; i < fonts.size() && frmMain.cboFontName.Index < 0; ++i) {
-        if (fonts[i] != "Courier" && fonts[i] != "Courier New") continue;
-        frmMain.cboFontName.Index = static_cast<int>(i);
-        frmMain.cboFontName.Text = fonts[i];
-    }
-    Shared.FontName = frmMain.cboFontName.Text;
-    frmMain.cboFontSize.Index = 1;
-    frmMain.cboFontSize.Text = frmMain.cboFontSize.Items[1];
+    Shared.FontName = StandardFont();
+    ShowFont();
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "commands/drawing.h"
 #include "commands/load.h"
+#include "commands/printing.h"
 #include "commands/program.h"
 #include "commands/recent_files.h"
 #include "commands/window.h"
@@ -15,7 +16,9 @@
 #include "core/program_list.h"
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
+#include "drawing/measure.h"
 #include "drawing/program_window.h"
+#include "editor/feeds.h"
 #include "editor/whole_program.h"
 #include "files/reader.h"
 #include "interpreter/interpreter.h"
@@ -100,15 +103,6 @@ void ChooseByCaption(std::span<Control> options, const std::string& caption)
     }
 }
 
-/// A typewriter's face, since a listing stands in columns; "" where the printer has none.
-std::string FirstTypewriterFont(const std::vector<std::string>& fonts)
-{
-    const auto found = std::find_if(fonts.begin(), fonts.end(), [](const std::string& font) {
-        return font == "Courier" || font == "Courier New";
-    });
-    return found == fonts.end() ? "" : *found;
-}
-
 /// Puts a text into a combo box, and selects the item that it is.
 void ShowInCombo(Control& combo, const std::string& text)
 {
@@ -117,13 +111,21 @@ void ShowInCombo(Control& combo, const std::string& text)
     combo.Text = text;
 }
 
-void ApplyFont(const EditorSettings& values)
+} // namespace
+
+void ShowFont()
 {
-    Shared.FontName =
-        values.FontName.empty() ? FirstTypewriterFont(frmMain.cboFontName.Items) : values.FontName;
-    Shared.FontSize = values.FontSize.empty() ? SharedState{}.FontSize : values.FontSize;
     ShowInCombo(frmMain.cboFontName, Shared.FontName);
     ShowInCombo(frmMain.cboFontSize, Shared.FontSize);
+}
+
+namespace {
+
+void ApplyFont(const EditorSettings& values)
+{
+    Shared.FontName = values.FontName.empty() ? StandardFont() : values.FontName;
+    Shared.FontSize = values.FontSize.empty() ? SharedState{}.FontSize : values.FontSize;
+    ShowFont();
 }
 
 /// What is 0 or less gets its default; a window without a place is centred with its size.
@@ -134,15 +136,14 @@ void ApplyGeometry(const std::optional<Geometry>& setting)
     Geometry saved = setting.value_or(Geometry{frmMain.Window.Height, 0, 0, frmMain.Window.Width});
     if (saved.Height <= 0) saved.Height = MinHeight;
     if (saved.Width <= 0) saved.Width = std::min(WidestDefault, screen.Width);
-    saved.Height = std::max(saved.Height, MinHeight);
-    saved.Width = std::max(saved.Width, MinWidth);
-    if (saved.Left <= 0) saved.Left = (screen.Width - saved.Width) / 2;
-    if (saved.Top <= 0) saved.Top = (screen.Height - saved.Height) / 2;
+    Geometry place = OnScreen(saved, MinHeight, MinWidth);
+    if (saved.Left <= 0) place.Left = std::max(0, (screen.Width - place.Width) / 2);
+    if (saved.Top <= 0) place.Top = std::max(0, (screen.Height - place.Height) / 2);
     if (Shared.Minimized || Shared.Maximized) return;
-    PlaceWindow(frmMain.Window, OnScreen(saved, MinHeight, MinWidth));
+    PlaceWindow(frmMain.Window, place);
 }
 
-void TakeFeeds(const EditorSettings& values)
+void ApplyFeeds(const EditorSettings& values)
 {
     frmMain.txtFeedA.Text = std::to_string(values.FeedA);
     frmMain.txtFeedB.Text = std::to_string(values.FeedB);
@@ -154,7 +155,7 @@ void ApplyPlainSettings(const EditorSettings& values)
 {
     Shared.LanguageFileName = values.LanguageFileName;
     SetCheck(frmMain.chkSettingsAutowidth, values.AutoWidth);
-    TakeFeeds(values);
+    ApplyFeeds(values);
     Shared.IncrColor = static_cast<float>(values.IncrColor);
     Shared.AbsColor = static_cast<float>(values.AbsColor);
     for (const BoxRow& row : Boxes) SetCheck(frmMain.*row.Box, values.*row.Value != 0);
@@ -180,18 +181,37 @@ void LoadModules()
     if (Shared.LanguageFileName != own) LoadLanguageModule(Shared.LanguageFileName);
 }
 
-/// The files of the modules that the General tab offers, beside the names of their languages there.
+/// The paths of the modules that the General tab offers, beside the names of their languages there.
 std::vector<std::string> LanguageFiles;
 
-/// The choice of the General tab follows the module in use; the texts are English where there is none.
+/// The choice of the General tab follows the module in use, none where that is a file of the user's own; the
+/// texts are English without a module.
 void ShowLanguage()
 {
     Control& list = frmMain.cboLanguage;
     const std::string& module = Shared.LanguageFileName;
-    const auto used = std::find(LanguageFiles.begin(), LanguageFiles.end(),
-                                module.empty() ? "English.txt" : FileNameOf(module));
+    const auto used = std::find_if(LanguageFiles.begin(), LanguageFiles.end(), [&](const std::string& file) {
+        return module.empty() ? FileNameOf(file) == "English.txt" : IsSameFile(file, module);
+    });
     list.Index = used == LanguageFiles.end() ? -1 : static_cast<int>(used - LanguageFiles.begin());
     list.Text = list.Index < 0 ? "" : list.Items[static_cast<size_t>(list.Index)];
+}
+
+/// What a full disk leaves of a file has nothing to keep, so that the defaults beside it hold.
+bool ReplacesEmptyFile()
+{
+    std::string bytes;
+    const bool empty = !ReadWholeFile(UserFile(EditorFile), bytes) && bytes.empty();
+    if (!empty || !HasUserFile(EditorDefaults)) return false;
+    KeepDamaged(EditorFile, bytes);
+    return true;
+}
+
+/// Whether a file is a language module. It opens no program: machine and units are those that were saved.
+bool IsModule(const std::string& path)
+{
+    std::string bytes;
+    return FileExists(path) && !ReadWholeFile(path, bytes) && KindOfFile(bytes) == FileKind::Language;
 }
 
 } // namespace
@@ -199,7 +219,7 @@ void ShowLanguage()
 void LoadSettings(const std::optional<std::string>& argument)
 {
     Shared.ErrorColumnTitle = "Error in line";
-    if (!HasUserFile(EditorFile)) CopyUserFile(EditorDefaults, EditorFile);
+    if (!HasUserFile(EditorFile) || ReplacesEmptyFile()) CopyUserFile(EditorDefaults, EditorFile);
     if (!HasUserFile(EditorFile)) {
         Shared.Machine = MachineKind::MK4;
         Shared.Metric = Shared.Horizontal = false;
@@ -212,7 +232,8 @@ void LoadSettings(const std::optional<std::string>& argument)
     }
 
     const std::string bytes = ReadUserFile(EditorFile);
-    const EditorSettingsFile file = ReadEditorSettings(bytes, argument);
+    const bool bringsTexts = argument && IsModule(*argument);
+    const EditorSettingsFile file = ReadEditorSettings(bytes, bringsTexts ? "" : argument);
     if (file.IsDamaged) KeepDamaged(EditorFile, bytes);
     const EditorSettings& values = file.Values;
     Shared.Horizontal = values.Horizontal;
@@ -221,11 +242,12 @@ void LoadSettings(const std::optional<std::string>& argument)
     ApplyPlainSettings(values);
     ApplyGeometry(values.EditorWindow);
     LoadModules();
+    if (bringsTexts) LoadLanguageModule(*argument);
     Shared.Changed = false; // nothing was typed yet
     if (!values.LastFileUsed.empty()) LoadFile(values.LastFileUsed);
     // A last file that isn't recognised counts as missing.
     if (!file.SelectsMachine && frmMain.lblPath.Text.empty()) SelectSavedMachine(values.Machine);
-    TakeFeeds(values); // the units on the way to those of the file don't count
+    ApplyFeeds(values); // the units on the way to those of the file don't count
     ClampFeeds();
     if (values.DrawWindowActive) {
         frmDraw.Window.Visible = true;
@@ -236,6 +258,9 @@ void LoadSettings(const std::optional<std::string>& argument)
 void SaveSettings()
 {
     if (AppDataPath().empty()) return;
+    // What the user sees counts, also in a box that the cursor is still in.
+    TakeFeeds();
+    TakeFont();
     EditorSettings values;
     values.LanguageFileName = Shared.LanguageFileName;
     values.LastFileUsed = frmMain.lblPath.Text;
@@ -291,7 +316,7 @@ void FillLanguages()
         std::string bytes;
         if (ReadWholeFile(folder + "/" + file, bytes) || KindOfFile(bytes) != FileKind::Language) continue;
         list.Items.emplace_back(TextOr(file, LanguageNameOf(bytes)));
-        LanguageFiles.push_back(file);
+        LanguageFiles.push_back(folder + "/" + file);
     }
     ShowLanguage();
 }
@@ -299,8 +324,9 @@ void FillLanguages()
 void cboLanguage_Click()
 {
     const Control& list = frmMain.cboLanguage;
-    if (list.Index < 0 || RefuseWhileBusy()) return;
-    LoadLanguageModule(InstalledPath("languages/" + LanguageFiles[static_cast<size_t>(list.Index)]));
+    if (list.Index < 0) return;
+    if (!RefuseWhileBusy()) LoadLanguageModule(LanguageFiles[static_cast<size_t>(list.Index)]);
+    ShowLanguage(); // the one that stayed, where it was refused or can't be read
 }
 
 void LoadLanguageModule(const std::string& path)
@@ -328,6 +354,7 @@ void LoadLanguageModule(const std::string& path)
     ShowUnits();
     Interpreter();
     Shared.Changed = changed;
+    FollowMeasureLanguage();
     if (Drawing.ProgramWindowLoaded) frmProgramWindow_Load();
 }
 

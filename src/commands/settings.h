@@ -16,6 +16,9 @@ void SaveSettings();
 /// Puts the default files that were installed into the user's folder, where they aren't there yet.
 void InstallDefaults();
 
+/// The font in force, in the boxes of the Printer tab.
+void ShowFont();
+
 /// The installed language modules as the choices of the General tab.
 void FillLanguages();
 void cboLanguage_Click();

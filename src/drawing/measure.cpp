@@ -284,6 +284,19 @@ void UpdateMeasure()
     ShowResults(first, second, std::floor(std::hypot(first, second)));
 }
 
+void FollowMeasureLanguage()
+{
+    if (!Drawing.MeasureStarted) return;
+    const std::pair<Control&, Control&> lengths[] = {
+        {frmDraw.lblMeasureDeltaX, frmDraw.lblMeasureDeltaXUnits},
+        {frmDraw.lblMeasureDeltaZ, frmDraw.lblMeasureDeltaZUnits},
+        {frmDraw.lblMeasureDistance, frmDraw.lblMeasureDistanceUnits},
+    };
+    for (const auto& [label, inUnits] : lengths) {
+        if (!inUnits.Text.empty()) inUnits.Text = Length(Val(label.Text));
+    }
+}
+
 std::string CleanMeasureText(std::string_view text)
 {
     std::string digits(text);

@@ -38,6 +38,9 @@ void SetDrawControls(bool enabled);
 /// Works differences and distance out from the four boxes; a box without a number counts as 0.
 void UpdateMeasure();
 
+/// Writes the lengths in mm or inch anew, as the language in force has them.
+void FollowMeasureLanguage();
+
 /// A typed value in normal form: one minus sign in front or none, "0" when nothing is left.
 std::string CleanMeasureText(std::string_view text);
 

@@ -436,6 +436,14 @@ bool PathExists(const std::string& path)
     return Usable(path) && Retried(Calls.Stat, path.c_str(), &info) == 0;
 }
 
+bool IsSameFile(const std::string& one, const std::string& other)
+{
+    struct stat a = {}, b = {};
+    return one == other ||
+           (Usable(one) && Usable(other) && Retried(Calls.Stat, one.c_str(), &a) == 0 &&
+            Retried(Calls.Stat, other.c_str(), &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino);
+}
+
 std::vector<std::string> FilesIn(const std::string& folder, const std::string& ending)
 {
     std::vector<std::string> files;

@@ -93,6 +93,10 @@ bool FileExists(const std::string& path);
 /// Whether there is a file or folder of that path.
 bool PathExists(const std::string& path);
 
+/// Whether two paths lead to one file, whatever names and links they go by; also where they are the same
+/// text.
+bool IsSameFile(const std::string& one, const std::string& other);
+
 /// The files of a folder with this ending, by name, in their order; none when there is no such folder.
 std::vector<std::string> FilesIn(const std::string& folder, const std::string& ending);
 

@@ -69,6 +69,9 @@ public:
     /// The names of the fonts, in the printer's order; empty when nothing at all can be printed.
     virtual std::vector<std::string> Fonts() = 0;
 
+    /// The typewriter's face that is printed with where none is named; "" where that isn't known.
+    virtual std::string TypewriterFont() { return ""; }
+
     /// The user chooses printer, paper and copies, which stay in force for later jobs; with a job its preview
     /// comes first. False when that was cancelled.
     virtual bool Choose(const PrintJob* preview) = 0;

@@ -63,9 +63,10 @@ void CanvasView::Render()
         Mark = Drawing.Yielding ? std::vector<Operation>() : FiguresOfLine(MarkedLine);
         update(QRegion(rect()) - childrenRegion()); // the frame over the picture is as it was
     }
-    // Another drawing may have another scale and zero point.
-    if (Pointer && ReadoutOf != Generation) {
+    // Another drawing may have another scale and zero point, another language other words.
+    if (Pointer && (ReadoutOf != Generation || ReadoutIn != Translated.Version)) {
         ReadoutOf = Generation;
+        ReadoutIn = Translated.Version;
         Events.RunLater([this] {
             if (Pointer) ReadOut(*Pointer);
         });
@@ -124,6 +125,7 @@ void CanvasView::ReadOut(const QPointF& at)
 {
     Pointer = at;
     ReadoutOf = Picture.Generation();
+    ReadoutIn = Translated.Version;
     frmDraw_MouseMove(at.x(), at.y());
 }
 

@@ -52,9 +52,10 @@ private:
     std::vector<Operation> Mark;
     /// Where the middle button took hold of the picture, in twips.
     std::optional<QPointF> Held;
-    /// Where the pointer was last, in twips, and the drawing whose coordinates it was told in.
+    /// Where the pointer was last, in twips, the drawing whose coordinates it was told in, and the language.
     std::optional<QPointF> Pointer;
     int ReadoutOf = -1;
+    unsigned ReadoutIn = 0;
     /// What the wheel has turned since its last step, in eighths of a degree.
     int Turned = 0;
 };

@@ -3,7 +3,9 @@
 #include "core/shared_state.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
+#include <QFileSystemModel>
 #include <QLibraryInfo>
 #include <QLocale>
 
@@ -30,6 +32,14 @@ QString TranslationOf(const QString& name, const QString& folder)
     return "";
 }
 
+/// Sizes and dates as one writes them in the language of a translation; the user's own country has the first
+/// word where its language is that one.
+QLocale LocaleOf(const QString& translation)
+{
+    const QLocale locale(translation.isEmpty() ? "en" : translation.mid(Start.size()));
+    return QLocale::system().language() == locale.language() ? QLocale::system() : locale;
+}
+
 } // namespace
 
 void DialogLanguage::Follow()
@@ -38,7 +48,22 @@ void DialogLanguage::Follow()
     Followed = Shared.LanguageName;
     QCoreApplication::removeTranslator(&Translator);
     const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    const QString translation = TranslationOf(QString::fromStdString(Followed).trimmed(), folder);
+    const QString translation = TranslationOf(QString::fromStdString(*Followed).trimmed(), folder);
     if (!translation.isEmpty() && Translator.load(translation, folder))
         QCoreApplication::installTranslator(&Translator);
+    QLocale::setDefault(LocaleOf(translation));
+}
+
+QVariant FileDetails::data(const QModelIndex& index, int role) const
+{
+    constexpr int Size = 1, Date = 3;
+    const auto* const files = qobject_cast<const QFileSystemModel*>(sourceModel());
+    const QModelIndex source = mapToSource(index);
+    if (files != nullptr && role == Qt::DisplayRole) {
+        if (index.column() == Size && !files->isDir(source))
+            return QLocale().formattedDataSize(files->size(source));
+        if (index.column() == Date)
+            return QLocale().toString(files->lastModified(source), QLocale::ShortFormat);
+    }
+    return QIdentityProxyModel::data(index, role);
 }

@@ -1,10 +1,12 @@
-// dialog_language.h: the toolkit's own texts (buttons of dialogs, menus of text boxes) in the language in
-// force.
+// dialog_language.h: the toolkit's own texts (buttons of dialogs, menus of text boxes, sizes and dates of
+// files) in the language in force.
 
 #pragma once
 
+#include <QIdentityProxyModel>
 #include <QTranslator>
 
+#include <optional>
 #include <string>
 
 class DialogLanguage
@@ -16,5 +18,13 @@ public:
 
 private:
     QTranslator Translator;
-    std::string Followed;
+    std::optional<std::string> Followed;
+};
+
+/// The files of the toolkit's own file dialog. It would write sizes and dates as the system does.
+class FileDetails : public QIdentityProxyModel
+{
+public:
+    using QIdentityProxyModel::QIdentityProxyModel;
+    QVariant data(const QModelIndex& index, int role) const override;
 };

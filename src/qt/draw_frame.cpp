@@ -87,8 +87,9 @@ QWidget* ParentOf(Desktop& desktop, const Control& record, QWidget* window)
 namespace {
 
 /// Puts a window that is to be shown where its record says, as far as the screen of today has room there.
-/// Places are those of the content: the toolkit doesn't know the frame of a hidden window.
-void PlaceOnScreen(QWidget& widget, const Control& window)
+/// True when its record had to be made smaller for that. Places are those of the content: the toolkit doesn't
+/// know the frame of a hidden window.
+bool PlaceOnScreen(QWidget& widget, Control& window)
 {
     QRect place(ToPixels(widget, window.Left), ToPixels(widget, window.Top), ToPixels(widget, window.Width),
                 ToPixels(widget, window.Height));
@@ -98,9 +99,16 @@ void PlaceOnScreen(QWidget& widget, const Control& window)
     constexpr int Border = 4;
     const int title = widget.style()->pixelMetric(QStyle::PM_TitleBarHeight);
     const QRect work = screen->availableGeometry().adjusted(0, title, -Border, -Border);
+    const bool fits = place.width() <= work.width() && place.height() <= work.height();
+    if (!fits) {
+        place.setSize(place.size().boundedTo(work.size()));
+        window.Width = ToTwips(widget, place.width());
+        window.Height = ToTwips(widget, place.height());
+    }
     place.moveLeft(std::max(work.left(), std::min(place.left(), work.right() + 1 - place.width())));
     place.moveTop(std::max(work.top(), std::min(place.top(), work.bottom() + 1 - place.height())));
     widget.setGeometry(place);
+    return !fits;
 }
 
 /// The user has moved a window.
@@ -294,10 +302,16 @@ void DrawFrame::PushSize()
 {
     PushState();
     if (Drawing.Maximized || Drawing.Minimized) return;
-    const Control& window = frmDraw.Window;
+    Control& window = frmDraw.Window;
     const QSize size(ToPixels(*this, window.Width), ToPixels(*this, window.Height));
     if (!isVisible() && window.Visible) {
-        PlaceOnScreen(*this, window);
+        // What was drawn for a larger window is fitted anew.
+        if (PlaceOnScreen(*this, window)) {
+            Events.RunLater([] {
+                ArrangeControls();
+                cmdAutoFit_Click();
+            });
+        }
     } else if (this->size() != size) {
         resize(size);
     }
@@ -376,7 +390,8 @@ void ProgramFrame::Render()
 {
     setWindowTitle(QString::fromStdString(frmProgramWindow.Window.Text));
     const bool shown = frmProgramWindow.Window.Visible && frmDraw.Window.Visible;
-    if (shown && !isVisible()) PlaceOnScreen(*this, frmProgramWindow.Window);
+    if (shown && !isVisible() && PlaceOnScreen(*this, frmProgramWindow.Window))
+        Events.RunLater(frmProgramWindow_Resize);
     QWidget* const list = Events.Widgets.Of(frmProgramWindow.lstCncLines);
     const int head = fontMetrics().height() + 8;
     list->setGeometry(4, head, width() - 8, height() - head - 4);

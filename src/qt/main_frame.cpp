@@ -214,7 +214,7 @@ void MainFrame::resizeEvent(QResizeEvent* event)
 void MainFrame::moveEvent(QMoveEvent* event)
 {
     QMainWindow::moveEvent(event);
-    if (isMaximized() || isMinimized()) return;
+    if (isMinimized()) return;
     frmMain.Window.Left = ToTwips(*this, x());
     frmMain.Window.Top = ToTwips(*this, y());
 }

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QPageLayout>
 #include <QPaintEngine>
 #include <QPrintDialog>
@@ -34,7 +35,8 @@ bool ShowPreview(QPrinter& device, const PrintJob& job)
     QPrintPreviewDialog dialog(&device, QApplication::activeWindow());
     dialog.setObjectName("printPreview");
     const QString command = QString::fromStdString(frmMain.mnuPrint.Text).remove('&');
-    dialog.setWindowTitle(job.Name.empty() ? command : command + ": " + QString::fromStdString(job.Name));
+    dialog.setWindowTitle(
+        job.Name.empty() ? command : QString::fromStdString(Tr("%1: %2", {command.toStdString(), job.Name})));
     dialog.resize(900, 760);
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&job](QPrinter* on) {
         if (IsPreview(*on)) PaintJob(job, *on);
@@ -72,6 +74,11 @@ std::vector<std::string> QtPrinter::Fonts()
     std::vector<std::string> names;
     for (const QString& family : QFontDatabase::families()) names.push_back(family.toStdString());
     return names;
+}
+
+std::string QtPrinter::TypewriterFont()
+{
+    return QFontInfo(FontOfName("")).family().toStdString();
 }
 
 bool QtPrinter::MakesFiles()

@@ -21,6 +21,7 @@ public:
     std::function<void()> BeforeDialog;
 
     std::vector<std::string> Fonts() override;
+    std::string TypewriterFont() override;
     bool Choose(const PrintJob* preview) override;
     int Copies() override { return ChosenCopies; }
     PageSize Page(Orientation orientation) override;

@@ -2,6 +2,7 @@
 
 #include "core/app_data.h"
 #include "core/messages.h"
+#include "qt/dialog_language.h"
 #include "qt/theme.h"
 
 #include <QAbstractButton>
@@ -126,6 +127,7 @@ std::optional<std::string> QtPlatform::AskForFile(const FileDialog& dialog)
     const bool open = dialog.For == FileDialog::Purpose::Open;
     QFileDialog shown(QApplication::activeWindow());
     shown.setObjectName("fileDialog");
+    shown.setProxyModel(new FileDetails(&shown));
     shown.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     shown.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     shown.setOption(QFileDialog::DontConfirmOverwrite, !dialog.AsksBeforeReplacing);

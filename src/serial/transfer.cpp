@@ -14,7 +14,8 @@ std::string BoxText(const PortFailure& failure, std::string_view procedure, Trou
 {
     const std::string description = Tr(FailureDescription(failure.Number)), reason = ReasonOf(failure);
     switch (box) {
-    case TroubleBox::Problem: return Tr("port problem") + (reason.empty() ? "" : ": " + reason);
+    case TroubleBox::Problem:
+        return reason.empty() ? Tr("port problem") : Tr("%1: %2", {Tr("port problem"), reason});
     case TroubleBox::Plain: return reason.empty() ? description : reason;
     case TroubleBox::Numbered: break;
     }

@@ -17,11 +17,21 @@ void PlaceWindow(Control& window, const Geometry& at)
     window.Width = at.Width;
 }
 
+namespace {
+
+/// A file can ask for a size that no screen has, and that no memory holds.
+void FitSize(Geometry& window, int leastHeight, int leastWidth)
+{
+    window.Height = std::max(std::min(window.Height, Shared.Screen.Height), leastHeight);
+    window.Width = std::max(std::min(window.Width, Shared.Screen.Width), leastWidth);
+}
+
+} // namespace
+
 Geometry OnScreen(Geometry window, int leastHeight, int leastWidth)
 {
     const auto& screen = Shared.Screen;
-    window.Height = std::max(window.Height, leastHeight);
-    window.Width = std::max(window.Width, leastWidth);
+    FitSize(window, leastHeight, leastWidth);
     window.Left = std::max(0, std::min(std::max(window.Left, 0), screen.Width - window.Width));
     window.Top = std::max(0, std::min(std::max(window.Top, 0), screen.Height - window.Height));
     return window;
@@ -38,6 +48,8 @@ Geometry DrawWindowPlace(const Geometry& saved)
 
 Geometry ProgramWindowPlace(Geometry saved)
 {
+    constexpr int Height = 1500, Width = 3000;
+    FitSize(saved, Height, Width);
     const auto back = [](int at, int size) {
         if (at < 0) return 0;
         return at * 10LL > size * 9LL ? static_cast<int>(size * 7LL / 10) : at;

@@ -212,6 +212,25 @@ void ShowLineMessage()
     frmMain.lblMessage.Text = MessageText();
 }
 
+namespace {
+
+/// What may be typed: the limits of a field, or what its place is for.
+std::string HintOf(const Control& focused)
+{
+    const size_t to = focused.Tag.find("TO");
+    if (to == std::string::npos) {
+        const bool letters = &focused == &frmMain.txtGMcode && Shared.Machine != MachineKind::MK2;
+        return FirstTipOf(focused) + (letters ? "; " + focused.ToolTip : "");
+    }
+    std::string hint = Tr("%1 to %2", {focused.Tag.substr(0, to), focused.Tag.substr(to + 2)});
+    constexpr std::string_view Lengths = "X Y Z I J K R D";
+    if (Lengths.find(AccessibleName(focused)) != std::string_view::npos)
+        hint += ", " + Tr("in %1", {frmMain.lblEntryUnits.Text});
+    return hint;
+}
+
+} // namespace
+
 void ShowHint()
 {
     const Control* const focused = Focused();
@@ -232,16 +251,5 @@ void ShowHint()
     const int row = lvCncProgram.Selected;
     const bool replaces = focused != &frmMain.lvCncProgram && row >= 1 && row <= LineCount();
     if (replaces) hint = "N" + std::string(Trimmed(lvCncProgram.Row(row)[CellN])) + "  ";
-    hint += AccessibleName(*focused) + ": ";
-    const size_t to = focused->Tag.find("TO");
-    if (to == std::string::npos) {
-        hint += FirstTipOf(*focused);
-        const bool letters = focused == &frmMain.txtGMcode && Shared.Machine != MachineKind::MK2;
-        if (letters) hint += "; " + focused->ToolTip;
-        return;
-    }
-    hint += Tr("%1 to %2", {focused->Tag.substr(0, to), focused->Tag.substr(to + 2)});
-    constexpr std::string_view Lengths = "X Y Z I J K R D";
-    if (Lengths.find(AccessibleName(*focused)) != std::string_view::npos)
-        hint += ", " + Tr("in %1", {frmMain.lblEntryUnits.Text});
+    hint += Tr("%1: %2", {AccessibleName(*focused), HintOf(*focused)});
 }

@@ -88,6 +88,8 @@ TEST_F(Cli, WhatCannotBeDoneSaysWhyOnOneLine)
         {"check good.cnc letter.txt", "letter.txt"},
         {"check good.cnc bad.cnc german.txt", "language module"},
         {"show letter.txt", "letter.txt"},
+        {"check good.cnc --settings old.cnc", "old.cnc"},
+        {"check good.cnc --settings ''", "--settings"},
         {"show --json german.txt", "language module"},
         {"listing header.cnc", "no lines"},
         {"save good.cnc", "-o"},
@@ -241,6 +243,34 @@ TEST_F(Cli, DrawWritesAPictureOrKeepsWhatWasThere)
     }
 }
 #endif
+
+TEST_F(Cli, ASettingsFolderIsMade)
+{
+    EXPECT_EQ(Call("keys --settings new/deep --keys='{MENU mnuExit}'").Status, 0);
+    EXPECT_TRUE(File("new/deep/Settings.edt").starts_with(";BXL "));
+}
+
+TEST_F(Cli, TheBoxOfLanguagesNamesTheModuleInForce)
+{
+    std::filesystem::copy_file(LANGUAGES_DIR "/German.txt", Work / "German.txt");
+    const std::string installed = std::filesystem::path(BRIXLEY_CLI).parent_path() / "languages/German.txt";
+    const struct {
+        std::string Name, Words, Shown;
+    } cases[] = {
+        {"none", "", "English"},
+        {"an installed one", "--language " + installed, "Deutsch"},
+        {"the user's own of the same name", "--language ./German.txt", ""},
+        {"one that was chosen", "--keys='{MENU mnuSettingsShow}{PICK cboLanguage 4}'", "Deutsch"},
+        {"one that was refused", "good.cnc --keys='{MENU mnuSettingsShow}{CLICK cmdRun}{PICK cboLanguage 4}'",
+         "English"},
+    };
+    for (const auto& test : cases) {
+        const Ran run = Call("keys --json " + test.Words);
+        ASSERT_EQ(run.Status, 0) << test.Name << run.Err;
+        const auto state = nlohmann::json::parse(run.Out);
+        EXPECT_EQ(state["controls"]["cboLanguage"]["text"], test.Shown) << test.Name;
+    }
+}
 
 /// Both instances write the settings at their exit: whoever comes last has written a whole file.
 TEST_F(Cli, TwoInstancesLeaveNoTornSettings)

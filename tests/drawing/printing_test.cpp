@@ -182,6 +182,25 @@ TEST(Printing, PathAndScaleBarNeverStandAcrossThePicture)
     }
 }
 
+TEST(Printing, WithoutCourierTheBoxShowsTheFaceThatIsPrintedWith)
+{
+    class OtherFonts : public RecordingPrinter
+    {
+        std::vector<std::string> Fonts() override { return {"Noto Mono", "Noto Sans"}; }
+        std::string TypewriterFont() override { return "Noto Mono"; }
+    } other;
+    const Folder user;
+    Start("MK4 mm");
+    Desk.OtherFolder = user / "";
+    user.Put("Settings.edt", "Machine=F1\r\n");
+    ThePrinter = &other;
+    StartProgram(std::nullopt);
+    ThePrinter = &Desk.Printer;
+    EXPECT_EQ(frmMain.cboFontName.Text, "Noto Mono");
+    EXPECT_EQ(frmMain.cboFontName.Index, 0);
+    EXPECT_EQ(Shared.FontName, "Noto Mono");
+}
+
 TEST(Printing, WithoutEvenAFontTheStartEndsAndTheSettingsStay)
 {
     class NoPrinter : public RecordingPrinter

@@ -3,6 +3,7 @@
 
 #include "cli/key_script.h"
 #include "cli/open_program.h"
+#include "commands/settings.h"
 #include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
@@ -116,6 +117,10 @@ TEST(DrawWindow, ReadoutAndMeasuring)
     OpenDrawing("{CANVAS 1200 1400}{MOVE 1800 2200}");
     EXPECT_EQ(frmDraw.lblMeasureDeltaX.Text + " " + frmDraw.lblMeasureDeltaZ.Text, "400 300");
     EXPECT_EQ(frmDraw.lblMeasureDistanceUnits.Text, "5.00 mm");
+    const Folder folder;
+    LoadLanguageModule(folder.Put("mine.txt", WithCrLf("[Brixley]\n%1 mm=%1 Millimeter\n")));
+    EXPECT_EQ(frmDraw.lblMeasureDistanceUnits.Text, "5.00 Millimeter");
+    EXPECT_EQ(frmDraw.lblMeasureDistance.Text, "500");
     EXPECT_FALSE(frmDraw.cboScale.Enabled);
     RunKeyScript("{CANVAS 1800 2200}{MOVE 1 1}{FOCUS txtMeasureX1}1-2-3{DOWN}");
     EXPECT_EQ(frmDraw.txtMeasureX1.Text, "123");

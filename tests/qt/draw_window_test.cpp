@@ -3,12 +3,15 @@
 
 #include "qt/events.h"
 
+#include "commands/drawing.h"
 #include "commands/load.h"
 #include "commands/session.h"
+#include "commands/settings.h"
 #include "core/control_names.h"
 #include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
+#include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
 #include "drawing/line_figures.h"
 #include "drawing/walk.h"
@@ -285,6 +288,39 @@ TEST_F(DrawingWindow, TwoClicksMeasureAndAThirdEnds)
     ClickCanvas(420, 300);
     SendKeys("{ESC}");
     EXPECT_EQ(Shown(), before) << "after one click";
+}
+
+TEST_F(DrawingWindow, TheTitleFollowsTheLanguageUnderAPointerThatRests)
+{
+    ClickCanvas(420, 300);
+    Move(440, 330);
+    const Folder folder;
+    const std::string module =
+        folder.Put("mine.txt", WithCrLf("[Brixley, Language Resource]\n[DRAW Message]\n1=A\n"
+                                        "2=B\n3=C\n4=D\n5=E\n6=F\n7=G\n8=H\n9=I\n"));
+    const std::string before = frmDraw.Window.Text;
+    Events.Run([&] { LoadLanguageModule(module); });
+    EXPECT_NE(frmDraw.Window.Text, before);
+    const std::string followed = frmDraw.Window.Text;
+    Move(441, 330);
+    Move(440, 330);
+    EXPECT_EQ(frmDraw.Window.Text, followed);
+}
+
+TEST_F(DrawingWindow, ADrawingLargerThanTheScreenIsShownWhole)
+{
+    Events.Run(frmDraw_Close);
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    Events.Run([] {
+        mnuDraw_Click();
+        frmDraw.Window.Width = 500000;
+        frmDraw.Window.Height = 500000;
+    });
+    QApplication::processEvents();
+    const QWidget& window = *WidgetOf(frmDraw.Window);
+    EXPECT_TRUE(screen.contains(window.geometry())) << window.width() << " x " << window.height();
+    EXPECT_EQ(frmDraw.Window.Width, window.width() * 15);
+    EXPECT_EQ(frmDraw.Window.Height, window.height() * 15);
 }
 
 TEST_F(DrawingWindow, ADoubleClickSelectsTheLine)

@@ -10,6 +10,7 @@
 #include "core/messages.h"
 #include "core/shared_state.h"
 #include "editor/code_box.h"
+#include "qt/dialog_language.h"
 #include "qt/draw_frame.h"
 #include "qt/main_frame.h"
 #include "support/program.h"
@@ -18,7 +19,9 @@
 #include "ui/panes.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QFileSystemModel>
 #include <QLibraryInfo>
 #include <QMessageBox>
 #include <QPushButton>
@@ -148,6 +151,21 @@ TEST_P(InLanguage, NoTextIsCutOffInTheDrawing)
     }
 }
 
+/// The size of a file of so many bytes, as the dialog of files shows it.
+std::string ShownSize(size_t bytes)
+{
+    const Folder user;
+    const QString path = QString::fromStdString(user.Put("x.cnc", std::string(bytes, 'x')));
+    QFileSystemModel files;
+    files.setRootPath(QString::fromStdString(user / ""));
+    FileDetails details;
+    details.setSourceModel(&files);
+    QElapsedTimer passed;
+    passed.start();
+    while (files.size(files.index(path)) <= 0 && passed.elapsed() < 5000) QApplication::processEvents();
+    return details.mapFromSource(files.index(path, 1)).data().toString().toStdString();
+}
+
 TEST_P(InLanguage, DialogsOfTheToolkitFollow)
 {
     const std::map<std::string, std::pair<std::string, QString>> files{
@@ -167,6 +185,10 @@ TEST_P(InLanguage, DialogsOfTheToolkitFollow)
     EXPECT_EQ(text(), "Yes");
     Events.Run([] { LoadLanguageModule(ModuleOf(GetParam())); });
     EXPECT_EQ(text(), yes);
+
+    // Sizes of files, as the dialog of files shows them: three and a half of a thousand bytes.
+    const std::string size = ShownSize(3584);
+    EXPECT_TRUE(size.starts_with(yes == "Yes" ? "3.50" : "3,50")) << size;
 
     // The boxes of the program itself, also where the toolkit has no such language.
     std::string shown;

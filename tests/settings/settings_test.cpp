@@ -2,6 +2,7 @@
 
 #include "cli/key_script.h"
 #include "cli/open_program.h"
+#include "commands/session.h"
 #include "core/draw_window.h"
 #include "core/failure.h"
 #include "core/main_window.h"
@@ -120,7 +121,8 @@ TEST(Settings, TheWindowEndsOnTheScreen)
          " 9000 , 8400 , 3600 , 12000 "},
         {"of a larger screen", "EditorWindow= 9000 , 30000 , 20000 , 12000 \n",
          " 9000 , 16800 , 7200 , 12000 "},
-        {"larger than the screen", "EditorWindow= 90000 , 9 , 9 , 90000 \n", " 90000 , 0 , 0 , 90000 "},
+        {"larger than the screen", "EditorWindow= 90000 , 9 , 9 , 90000 \n", " 16200 , 0 , 0 , 28800 "},
+        {"larger than any screen", "EditorWindow= 1000000 , 0 , 0 , 1000000 \n", " 16200 , 0 , 0 , 28800 "},
         {"smaller than the panes", "EditorWindow= 9 , 300 , 400 , 9 \n", " 8720 , 300 , 400 , 11800 "},
     };
     for (const auto& test : cases) EXPECT_EQ(PlaceAfter(folder, test.File), test.Expected) << test.Name;
@@ -207,6 +209,59 @@ TEST(Settings, SurviveTheirRoundTrip)
     EXPECT_EQ(BytesOf(folder / "Settings.edt"), saved);
 }
 
+TEST(Settings, WhatTheUserSeesIsSaved)
+{
+    const Folder folder;
+    const struct {
+        const char *Name, *Keys, *Line;
+    } cases[] = {
+        {"a preset in whose box the cursor still is", "{CLICK txtFeedA}77{CLOSE frmMain}", "FeedA= 77 "},
+        {"presets cut by other units, back in the first ones",
+         "{UNITS optSettingsInch}{UNITS optSettingsMm}{CLOSE frmMain}", "FeedA= 199 "},
+        {"a font in whose box the cursor still is",
+         "{CLICK cmdTopButtons(4)}{PICK tabSettings 5}{PICK cboFontName 3}{CLOSE frmMain}",
+         "FontName=Liberation Mono"},
+    };
+    for (const auto& test : cases) {
+        StartFrom(folder, "Metric=True\nMachine=MK4\nFeedA= 450 \n");
+        RunKeyScript(test.Keys);
+        EXPECT_NE(BytesOf(folder / "Settings.edt").find("\r\n" + std::string(test.Line) + "\r\n"),
+                  std::string::npos)
+            << test.Name;
+    }
+}
+
+TEST(Settings, AnEmptyFileLeavesTheDefaults)
+{
+    const Folder folder;
+    folder.Put("default.edt", WithCrLf("Metric=True\nMachine=F1\n"));
+    folder.Put("Settings.edt", "");
+    LoadOptions options;
+    options.Settings = folder / "";
+    BeginProgram(options);
+    EXPECT_EQ(Profiles(), "F1 mm rows 1");
+    EXPECT_TRUE(std::filesystem::exists(folder / "Settings.edt.bad"));
+    EXPECT_EQ(LogList(), "");
+}
+
+TEST(Settings, AModuleOnTheCommandLineOpensNoProgram)
+{
+    const Folder folder;
+    folder.Put("Settings.edt", WithCrLf("LastFileUsed=" EXAMPLES_DIR "/f1-first-milling.cnc\nMetric=True\n"
+                                        "Machine=MK2\nFeedA= 450 \n"));
+    LoadOptions options;
+    options.Settings = folder / "";
+    BeginProgram(options);
+    const std::string german = LANGUAGES_DIR "/German.txt";
+    ResetState();
+    StartProgram(german);
+    EXPECT_EQ(Profiles(), "MK2 mm rows 1");
+    EXPECT_EQ(frmMain.txtFeedA.Text, "450");
+    EXPECT_EQ(frmMain.lblPath.Text, "");
+    EXPECT_EQ(Shared.LanguageFileName, german);
+    EXPECT_FALSE(Shared.Changed);
+}
+
 TEST(Settings, TheFilesLineByLine)
 {
     EditorSettings settings;
@@ -284,7 +339,10 @@ TEST(Settings, DrawingFileAndWindowPlaces)
     EXPECT_EQ(text(DrawWindowPlace({9999, 9999, 9999, 9999})), " 6200 , 10900 , 5000 , 7000 ");
     EXPECT_EQ(text(DrawWindowPlace({100, -50, -1, 100})), " 6200 , 0 , 0 , 7000 ");
     EXPECT_EQ(text(DrawWindowPlace({9000, 28000, 16000, 12000})), " 9000 , 16800 , 7200 , 12000 ");
+    EXPECT_EQ(text(DrawWindowPlace({1000000, 0, 0, 1000000})), " 16200 , 0 , 0 , 28800 ");
     EXPECT_EQ(text(ProgramWindowPlace({3000, 27000, -1, 11000})), " 3000 , 20160 , 0 , 11000 ");
+    EXPECT_EQ(text(ProgramWindowPlace({0, 10, 20, 0})), " 1500 , 10 , 20 , 3000 ");
+    EXPECT_EQ(text(ProgramWindowPlace({1000000, 10, 20, 1000000})), " 16200 , 10 , 20 , 28800 ");
 }
 
 /// Whatever happened to a file, the program starts, is usable, logs nothing and writes the file anew.

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QSocketNotifier>
 
+#include <clocale>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
@@ -67,5 +68,8 @@ extern "C" __attribute__((visibility("default"))) PortSession* BrixleyPortSessio
 {
     // There is nobody to hear the toolkit's remarks: what fails is told by the program.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    return new Session(device);
+    auto* const session = new Session(device);
+    std::setlocale(LC_NUMERIC,
+                   "C"); // the toolkit has taken over the user's; numbers of programs have a point
+    return session;
 }
