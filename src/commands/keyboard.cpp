@@ -130,7 +130,7 @@ bool RunShortcut(const KeyStroke& key)
         return true;
     }
     if (key.Name == KeyName::F1) {
-        if (!ShowHelpOfField()) ChooseMenu(frmMain.mnuHelpText);
+        if (!ShowHelpOfReception() && !ShowHelpOfField()) ChooseMenu(frmMain.mnuHelpText);
         return true;
     }
     return false;
@@ -140,8 +140,9 @@ bool RunShortcut(const KeyStroke& key)
 void Escape()
 {
     const bool picture = frmMain.picZXaxes.Visible || frmMain.picXYaxes.Visible;
+    const bool overReception = IsHelpUp() && frmMain.frRXcode.Visible;
     if (IsHelpUp() || picture) cmdReturn_Click();
-    SetFocus(frmMain.lvCncProgram);
+    SetFocus(overReception ? frmMain.txtRX : frmMain.lvCncProgram);
 }
 
 /// The character that a key gives to KeyPress, 0 for none.
@@ -253,7 +254,9 @@ bool WalkPane(int step)
 /// before it presses what has the focus.
 std::optional<KeyStroke> OfferToDrawing(const KeyStroke& key)
 {
-    if (key.Name == KeyName::Escape) {
+    if (key.Name == KeyName::F1) {
+        ShowHelpOfDrawing();
+    } else if (key.Name == KeyName::Escape) {
         frmDraw_Escape();
     } else if (key.Name == KeyName::Tab) {
         key.Shift ? FocusPreviousStop() : FocusNextStop();

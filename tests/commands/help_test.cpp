@@ -11,6 +11,7 @@
 #include "interpreter/control_words.h"
 #include "settings/language.h"
 #include "support/program.h"
+#include "ui/focus.h"
 
 #include <gtest/gtest.h>
 #include <regex>
@@ -104,6 +105,24 @@ TEST(Help, NoLinkLeadsNowhere)
     }
 }
 
+TEST(Help, OverReceivedCodeLeavesTheWindowAsItWas)
+{
+    Start("MK4 mm");
+    ASSERT_EQ(RunKeyScript("{CLICK cmdTopButtons(4)}{PICK tabSettings 6}{CHECK chkEnableCom}{CTRL-R}{F1}"),
+              std::nullopt);
+    EXPECT_EQ(frmMain.rtfHelp.Visible ? frmMain.rtfHelp.Tag : "hidden", "receive");
+    EXPECT_FALSE(TextAt(frmMain.rtfHelp.Text, "receive").empty());
+    for (const char* leave : {"{F1}", "{F1}{ESC}"}) {
+        ASSERT_EQ(RunKeyScript(leave), std::nullopt);
+        EXPECT_FALSE(frmMain.rtfHelp.Visible);
+        EXPECT_TRUE(frmMain.frRXcode.Visible);
+        EXPECT_TRUE(HasFocus(frmMain.txtRX));
+        EXPECT_FALSE(frmMain.mnuHelp.Enabled || IsUsable(frmMain.txtGMcode));
+    }
+    ASSERT_EQ(RunKeyScript("{CLICK cmdReceiveExit}"), std::nullopt);
+    EXPECT_TRUE(frmMain.mnuHelp.Enabled && IsUsable(frmMain.txtGMcode));
+}
+
 TEST(Help, OpensAtWhatTheCursorIsOn)
 {
     const std::tuple<const char*, const char*, Control W::*, const char*> cases[] = {
@@ -113,6 +132,9 @@ TEST(Help, OpensAtWhatTheCursorIsOn)
         {"MK2 mm", "84{ENTER}5{ENTER}{F1}", &W::rtfGcodeHelpMK2, "G84"},
         {"MK4 mm", "{ESC}{F1}", &W::rtfHelp, "list"},
         {"MK4 mm", "{CLICK txtFileNotes}{F1}", &W::rtfHelp, "notes"},
+        {"MK4 mm", "{CLICK txtComment}{F1}", &W::rtfHelp, "comment"},
+        {"F1 mm V", "{PICK lstF1Mcodes 2}{FOCUS lstF1Mcodes}{F1}", &W::rtfGcodeHelpMK4, "M03"},
+        {"MK4 mm", "00{ENTER}1{ENTER}1{ENTER}{ENTER}{CTRL-D}{F1}", &W::rtfHelp, "drawing"},
         {"MK4 mm", "84{ENTER}{F1}{F1}", &W::rtfHelp, "list"}};
     for (const auto& [profile, keys, pane, place] : cases) {
         Start(profile);
