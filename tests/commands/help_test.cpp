@@ -6,6 +6,8 @@
 #include "cli/key_script.h"
 #include "commands/keyboard.h"
 #include "core/codes.h"
+#include "core/control_names.h"
+#include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/text.h"
 #include "interpreter/control_words.h"
@@ -69,6 +71,45 @@ TEST(Help, TellsEveryCommandKeyAndControlWord)
             ExpectTold(TextAt(manual, text), text);
         }
     });
+}
+
+TEST(Help, TellsEveryButtonAndBoxOfDrawingAndSettings)
+{
+    const auto expectIn = [](const std::string& section, const Control& control) {
+        const bool button = control.Is == Kind::Button || control.Is == Kind::CheckBox;
+        const bool group = control.Is == Kind::Frame && (control.In == &frmMain.tabSettings);
+        if ((!button && !group) || control.Text.empty()) return;
+        std::string caption = ReplaceEach(control.Text, "&", "");
+        EXPECT_NE(section.find(caption), section.npos) << FullName(control) << ": " << caption;
+    };
+    InEachLanguage("", [&](const std::string& manual) {
+        const std::string drawing = TextAt(manual, "drawing"), settings = TextAt(manual, "settings");
+        frmDraw.ForEach([&](Control& control) { expectIn(drawing, control); });
+        for (const std::string& item : frmDraw.cboRun.Items)
+            EXPECT_NE(drawing.find(item), drawing.npos) << item;
+        frmMain.ForEach([&](Control& control) {
+            for (const Control* at = control.In; at != nullptr; at = at->In) {
+                if (at == &frmMain.tabSettings) expectIn(settings, control);
+            }
+        });
+        EXPECT_NE(TextAt(manual, "console").find("fingerprint FILE"), std::string::npos);
+    });
+}
+
+TEST(Help, TheLimitsAreWhatEntryAndCheckBothAllow)
+{
+    const struct {
+        const char *Page, *Code, *Limits;
+    } cases[] = {{"-MK2", "G23", "0 to 2210 to 221"},
+                 {"-MK4", "M26", "0 to 9990 to 999"},
+                 {"-F1", "M26", "0 to 9990 to 9990 to 9990 to 999"},
+                 {"-F1", "G04", "0 to 199990 to 79990 to 99990 to 3999"},
+                 {"-F1", "M99", "0 to 199990 to 79990 to 99990 to 3999"}};
+    for (const auto& [page, code, limits] : cases) {
+        const std::string own =
+            ReplaceEach(TextAt(BytesOf(HELP_DIR "/English" + std::string(page) + ".html"), code), "\n", "");
+        EXPECT_NE(own.find(limits), own.npos) << page << " " << own;
+    }
 }
 
 TEST(Help, TellsEveryCodeWithALineAndLimitsInBothUnits)
