@@ -1,5 +1,6 @@
 #include "commands/help.h"
 
+#include "commands/windows.h"
 #include "core/app_data.h"
 #include "core/main_window.h"
 #include "core/messages.h"
@@ -9,6 +10,7 @@
 #include "settings/help_pages.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
+#include "ui/text_box.h"
 
 #include <algorithm>
 
@@ -22,7 +24,7 @@ constexpr Control W::*HelpPanes[] = {&W::rtfHelp, &W::rtfGcodeHelpMK2, &W::rtfGc
 /// Shows a page in its pane, in the place of any other, at a place that its links know.
 void ShowPage(Control& pane, const std::string& page, const std::string& place)
 {
-    ControlsEnable(false);
+    if (!Busy()) ControlsEnable(false); // what is busy has locked the window, and keeps its own way out
     frmMain.mnuHelp.Enabled = true;
     HideHelpPages();
     HideAxesPictures();
@@ -52,11 +54,14 @@ constexpr Place Places[] = {
     {&W::lvCncProgram, "list"},    {&W::txtGMcode, "code"},    {&W::frEntry, "values"},
     {&W::frSetReplace, "feeds"},   {&W::frFileNotes, "notes"}, {&W::frView, "view"},
     {&W::tabSettings, "settings"}, {&W::cmdRun, "run"},        {&W::cmdStep, "run"},
+    {&W::txtComment, "comment"},
 };
+
+constexpr Control W::*CodeLists[] = {&W::lstMK2Gcodes, &W::lstMK4Gcodes, &W::lstMK4Mcodes, &W::lstF1Gcodes,
+                                     &W::lstF1Mcodes};
 
 std::string PlaceOfFocus()
 {
-    if (Shared.RunLocked) return "run";
     if (Focused() == &frmMain.txtGMcode && frmMain.txtGMcode.Text.empty()) return ""; // a first look
     for (const Control* at = Focused(); at != nullptr; at = at->In) {
         for (const Place& place : Places) {
@@ -73,6 +78,14 @@ bool IsListed(const Control& list, const std::string& code)
     });
 }
 
+/// The code that is selected in a list, "" for none.
+std::string CodeOfList(const Control& list)
+{
+    const bool selected = list.Index >= 0 && list.Index < static_cast<int>(list.Items.size());
+    return selected ? std::string(Trimmed(FirstCharacters(list.Items[static_cast<size_t>(list.Index)], 4)))
+                    : "";
+}
+
 /// The code of the entry when the machine has it, else "".
 std::string CodeOfEntry()
 {
@@ -82,6 +95,25 @@ std::string CodeOfEntry()
     if (Shared.Machine == MachineKind::MK4) list = letterM ? &frmMain.lstMK4Mcodes : &frmMain.lstMK4Gcodes;
     if (Shared.Machine == MachineKind::F1) list = letterM ? &frmMain.lstF1Mcodes : &frmMain.lstF1Gcodes;
     return IsListed(*list, code) ? code : "";
+}
+
+/// The code whose field has the cursor, or that is selected in the list that has it; "" elsewhere.
+std::string CodeOfFocus()
+{
+    const Control* const focused = Focused();
+    for (const auto list : CodeLists) {
+        if (focused == &(frmMain.*list)) return CodeOfList(*focused);
+    }
+    for (const Control* field :
+         {&frmMain.txtXI, &frmMain.txtYJ, &frmMain.txtZK, &frmMain.txtFKTL, &frmMain.txtH}) {
+        if (focused == field) return CodeOfEntry();
+    }
+    return "";
+}
+
+bool HelpIsOffered()
+{
+    return frmMain.mnuHelp.Enabled && frmMain.mnuHelpText.Enabled;
 }
 
 } // namespace
@@ -128,15 +160,25 @@ void lstAbout_Click()
 
 bool ShowHelpOfField()
 {
-    if (IsHelpUp() || !frmMain.mnuHelp.Enabled || !frmMain.mnuHelpText.Enabled) return false;
-    const Control* const focused = Focused();
-    const Control* const fields[] = {&frmMain.txtXI, &frmMain.txtYJ, &frmMain.txtZK, &frmMain.txtFKTL,
-                                     &frmMain.txtH};
-    if (std::find(std::begin(fields), std::end(fields), focused) == std::end(fields)) return false;
-    const std::string code = CodeOfEntry();
+    if (IsHelpUp() || !HelpIsOffered()) return false;
+    const std::string code = CodeOfFocus();
     if (code.empty()) return false;
     ShowPage(CodesPane(), CodesPage(), code);
     return true;
+}
+
+bool ShowHelpOfReception()
+{
+    if (!frmMain.frRXcode.Visible || IsHelpUp()) return false;
+    ShowPage(frmMain.rtfHelp, "", "receive");
+    return true;
+}
+
+void ShowHelpOfDrawing()
+{
+    if (!HelpIsOffered()) return;
+    BringToFront(frmMain.Window); // closes a page that is up
+    ShowPage(frmMain.rtfHelp, "", "drawing");
 }
 
 void FollowHelpLink(const std::string& link)
@@ -162,6 +204,12 @@ void FollowHelpLink(const std::string& link)
 void FocusHelpSearch()
 {
     SetFocus(frmMain.txtHelpFind);
+    txtHelpFind_GotFocus(frmMain.txtHelpFind); // also when the cursor was there
+}
+
+void txtHelpFind_GotFocus(Control& box)
+{
+    SelectAll(box);
 }
 
 char txtHelpFind_KeyPress(Control&, char typed)

@@ -130,7 +130,7 @@ bool RunShortcut(const KeyStroke& key)
         return true;
     }
     if (key.Name == KeyName::F1) {
-        if (!ShowHelpOfField()) ChooseMenu(frmMain.mnuHelpText);
+        if (!ShowHelpOfReception() && !ShowHelpOfField()) ChooseMenu(frmMain.mnuHelpText);
         return true;
     }
     return false;
@@ -141,9 +141,10 @@ bool RunShortcut(const KeyStroke& key)
 void Escape()
 {
     const bool help = IsHelpUp(), picture = frmMain.picZXaxes.Visible || frmMain.picXYaxes.Visible;
-    Control* const from = help ? TakeOwedFocus() : nullptr;
+    Control* back = help ? TakeOwedFocus() : nullptr;
+    if (help && frmMain.frRXcode.Visible) back = &frmMain.txtRX;
     if (help || picture) cmdReturn_Click();
-    SetFocus(from != nullptr && IsUsable(*from) ? *from : frmMain.lvCncProgram);
+    SetFocus(back != nullptr && IsUsable(*back) ? *back : frmMain.lvCncProgram);
 }
 
 /// The character that a key gives to KeyPress, 0 for none.
@@ -255,7 +256,9 @@ bool WalkPane(int step)
 /// before it presses what has the focus.
 std::optional<KeyStroke> OfferToDrawing(const KeyStroke& key)
 {
-    if (key.Name == KeyName::Escape) {
+    if (key.Name == KeyName::F1) {
+        ShowHelpOfDrawing();
+    } else if (key.Name == KeyName::Escape) {
         frmDraw_Escape();
     } else if (key.Name == KeyName::Tab) {
         key.Shift ? FocusPreviousStop() : FocusNextStop();

@@ -163,7 +163,7 @@ constexpr Event Events[] = {
     // Over the list
     {&W::cmdReturn, {cmdReturn_Click}},
     {&W::lstAbout, {lstAbout_Click}},
-    {&W::txtHelpFind, {nullptr, nullptr, nullptr, nullptr, nullptr, txtHelpFind_KeyPress}},
+    {&W::txtHelpFind, {nullptr, nullptr, txtHelpFind_GotFocus, nullptr, nullptr, txtHelpFind_KeyPress}},
     {&W::picZXaxes, {AxesPicture_Click}},
     {&W::picXYaxes, {AxesPicture_Click}},
 };

@@ -71,6 +71,8 @@ void cmdPrint_Click()
     }
     const NoWaits throughout;
     if (frmDraw.chkPrintableBackground.Value == 1) {
+        // The box was marked, and nothing was drawn since.
+        if (Picture.Settings().Back != Colors::White) Redraw();
         PrintPictureToFitPage();
         return;
     }

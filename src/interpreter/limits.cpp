@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <optional>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -162,6 +162,20 @@ std::string LimitMessage(Code code, const LineWords& words)
         }
     }
     return message;
+}
+
+std::optional<WordLimits> CheckedLimits(Code code, int16_t LineWords::*word)
+{
+    using Word = std::numeric_limits<int16_t>;
+    std::optional<WordLimits> limits;
+    for (const Check& check : ActiveChecks()[code]) {
+        if (check.Word != word) continue;
+        if (!limits) limits = {Word::min(), Word::max()};
+        const int least = check.Part == Checks::MaximumOfMagnitude ? -check.Within.High : check.Within.Low;
+        if (check.Part != Checks::Maximum) limits->Low = std::max(limits->Low, least);
+        if (check.Part != Checks::Minimum) limits->High = std::min(limits->High, check.Within.High);
+    }
+    return limits;
 }
 
 bool PitchHolds(int pitch)

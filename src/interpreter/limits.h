@@ -10,12 +10,21 @@
 #include "core/shared_state.h"
 #include "interpreter/pass.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 /// Checks one line against the limits of its code on the machine, units and spindle in force.
 /// Returns the message of the last check that failed, or "" when all held: a line shows one message,
 /// and a later fault outweighs an earlier one.
 std::string LimitMessage(Code code, const LineWords& words);
+
+/// What the checks of a code leave of a word on the machine, units and spindle in force; nothing when no
+/// check judges the word.
+struct WordLimits {
+    int Low, High;
+};
+std::optional<WordLimits> CheckedLimits(Code code, int16_t LineWords::*word);
 
 /// Whether a thread's pitch (1/100 mm or 1/1000 inch) lies inside its limits.
 bool PitchHolds(int pitch);

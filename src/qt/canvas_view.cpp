@@ -57,6 +57,7 @@ void CanvasView::Render()
     const bool newLine = MarkedLine != lvCncProgram.Selected;
     if (Painted < operations.size() || newLine) {
         Replay({operations.data() + Painted, operations.size() - Painted}, *Canvas);
+        Canvas->PaintGround();
         Painted = operations.size();
         // The figures of a long drawing are looked through once, at its end.
         MarkedLine = Drawing.Yielding ? -1 : lvCncProgram.Selected;

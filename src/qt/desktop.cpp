@@ -300,6 +300,11 @@ bool Desktop::TakeRelease(QObject* receiver, const QPointF& at)
         if (line != nullptr && !line->hasSelectedText() && HasFocus(*box))
             PushSelection(*Widgets.Of(*box), *box);
     }
+    // About is left by a click anywhere, not only on its items.
+    if (receiver->parent() == Widgets.Of(frmMain.lstAbout)) {
+        Run([] { ClickControl(frmMain.lstAbout); });
+        return false;
+    }
     Control* const record = Widgets.RecordOfExactly(receiver);
     if (record == nullptr || record->On.Click == nullptr) return false;
     const bool plain = record->Is == Kind::Label || record->Is == Kind::Frame || record->Is == Kind::Picture;

@@ -6,6 +6,8 @@
 
 #include <QTextBrowser>
 
+class QLabel;
+
 class HelpPage : public QTextBrowser
 {
 public:
@@ -14,7 +16,8 @@ public:
     /// Shows the text of a page, with links that stand out from the ground.
     void SetPage(const QString& html);
 
-    /// Goes to the place that was asked for last, and to the next place with the text searched for.
+    /// Goes to the place that was asked for last, and from there to the next place with the text searched
+    /// for. A text that the page doesn't have is told.
     void Render(const Control& record);
 
 protected:
@@ -23,8 +26,11 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void Find(const QString& text);
+    /// Goes to the next place of a text, behind the last one to the first; false when the page has none.
+    bool Find(const QString& text);
 
     QString Html;
+    /// Tells beside the search that a text was not found.
+    QLabel* const Missed;
     unsigned Jumps = 0, Searches = 0;
 };

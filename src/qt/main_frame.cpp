@@ -142,9 +142,9 @@ void MainFrame::Render()
 
     // What lies over others is in front of them.
     for (const Control* over :
-         {&frmMain.tabSettings, &frmMain.rtfHelp, &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4,
-          &frmMain.rtfAbout, &frmMain.lstAbout, &frmMain.picZXaxes, &frmMain.picXYaxes, &frmMain.frRXcode,
-          &frmMain.frCmdRX, &frmMain.txtHelpFind, &frmMain.cmdReturn}) {
+         {&frmMain.tabSettings, &frmMain.frRXcode, &frmMain.frCmdRX, &frmMain.rtfHelp,
+          &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4, &frmMain.rtfAbout, &frmMain.lstAbout,
+          &frmMain.picZXaxes, &frmMain.picXYaxes, &frmMain.txtHelpFind, &frmMain.cmdReturn}) {
         if (over->Visible) Events.Widgets.Of(*over)->raise();
     }
 

@@ -76,7 +76,13 @@ PainterCanvas::PainterCanvas(QPainter& painter, int width, int height, Device de
 void PainterCanvas::FillSheet()
 {
     Ground = Settings().Back;
-    To.fillRect(Sheet.toAlignedRect(), QtColor(Ground));
+    GroundIsDue = true;
+}
+
+void PainterCanvas::PaintGround()
+{
+    if (GroundIsDue) To.fillRect(Sheet.toAlignedRect(), QtColor(Ground));
+    GroundIsDue = false;
 }
 
 void PainterCanvas::SettingChanged()
@@ -92,6 +98,7 @@ void PainterCanvas::Clear()
 
 void PainterCanvas::Apply()
 {
+    PaintGround();
     if (!Stale) return;
     Stale = false;
     const CanvasSettings& settings = Settings();

@@ -15,6 +15,14 @@ public:
     /// Paints on a painter whose unit is a pixel of 15 twips, on a sheet of this size in twips. The device
     /// has `ratio` pixels of its own for one such pixel.
     PainterCanvas(QPainter& painter, int width, int height, Device device, double ratio = 1);
+    /// The painter is still as it was given: the ground of a sheet without figures is painted now.
+    ~PainterCanvas() override { PaintGround(); }
+    PainterCanvas(const PainterCanvas&) = delete;
+    PainterCanvas& operator=(const PainterCanvas&) = delete;
+
+    /// Paints the ground when it is due. Erasing the sheet leaves it to the next figure, so that several
+    /// erasures in a row paint it once.
+    void PaintGround();
 
 protected:
     void SettingChanged() override;
@@ -43,7 +51,7 @@ private:
     QRectF Sheet;
     Device On;
     double Ratio;
-    bool Stale = true;
+    bool Stale = true, GroundIsDue = false;
     Color Ground;
 };
 

@@ -66,8 +66,10 @@ void PaintImage(QPainter& painter, const PrintedImage& image, double dots)
     painter.translate(place.topLeft());
     painter.scale(place.width() / (image.Width / TwipsToPixel),
                   place.height() / (image.Height / TwipsToPixel));
-    PainterCanvas canvas(painter, image.Width, image.Height, PainterCanvas::Device::Vector);
-    Replay(*image.Operations, canvas);
+    {
+        PainterCanvas canvas(painter, image.Width, image.Height, PainterCanvas::Device::Vector);
+        Replay(*image.Operations, canvas);
+    }
     painter.restore();
 }
 

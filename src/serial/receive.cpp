@@ -84,7 +84,7 @@ void TakeCharacters()
         SetText(std::move(box.Text) + FromCodePage(bytes));
         Unsaved = true;
     }
-    SetFocus(box);
+    if (!IsHelpUp()) SetFocus(box);
     if (failure) {
         PortTrouble(*failure, "MSComm1_OnComm", TroubleBox::Plain);
     } else if (opens && !Shared.Transmitting && ThePort->IsOpen()) {

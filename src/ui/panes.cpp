@@ -122,7 +122,11 @@ bool RefuseWhileBusy()
 
 void cmdReturn_Click()
 {
-    if (!Busy()) ControlsEnable(true);
+    if (!Busy()) {
+        ControlsEnable(true);
+    } else {
+        frmMain.mnuHelp.Enabled = false; // a page had opened it
+    }
     for (Control* over :
          {&frmMain.cmdReturn, &frmMain.txtHelpFind, &frmMain.rtfAbout, &frmMain.lstAbout, &frmMain.rtfHelp,
           &frmMain.rtfGcodeHelpMK2, &frmMain.rtfGcodeHelpMK4, &frmMain.picXYaxes, &frmMain.picZXaxes}) {

@@ -6,11 +6,14 @@
 #include "cli/key_script.h"
 #include "commands/keyboard.h"
 #include "core/codes.h"
+#include "core/control_names.h"
+#include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/text.h"
 #include "interpreter/control_words.h"
 #include "settings/language.h"
 #include "support/program.h"
+#include "ui/focus.h"
 
 #include <gtest/gtest.h>
 #include <regex>
@@ -70,6 +73,45 @@ TEST(Help, TellsEveryCommandKeyAndControlWord)
     });
 }
 
+TEST(Help, TellsEveryButtonAndBoxOfDrawingAndSettings)
+{
+    const auto expectIn = [](const std::string& section, const Control& control) {
+        const bool button = control.Is == Kind::Button || control.Is == Kind::CheckBox;
+        const bool group = control.Is == Kind::Frame && (control.In == &frmMain.tabSettings);
+        if ((!button && !group) || control.Text.empty()) return;
+        std::string caption = ReplaceEach(control.Text, "&", "");
+        EXPECT_NE(section.find(caption), section.npos) << FullName(control) << ": " << caption;
+    };
+    InEachLanguage("", [&](const std::string& manual) {
+        const std::string drawing = TextAt(manual, "drawing"), settings = TextAt(manual, "settings");
+        frmDraw.ForEach([&](Control& control) { expectIn(drawing, control); });
+        for (const std::string& item : frmDraw.cboRun.Items)
+            EXPECT_NE(drawing.find(item), drawing.npos) << item;
+        frmMain.ForEach([&](Control& control) {
+            for (const Control* at = control.In; at != nullptr; at = at->In) {
+                if (at == &frmMain.tabSettings) expectIn(settings, control);
+            }
+        });
+        EXPECT_NE(TextAt(manual, "console").find("fingerprint FILE"), std::string::npos);
+    });
+}
+
+TEST(Help, TheLimitsAreWhatEntryAndCheckBothAllow)
+{
+    const struct {
+        const char *Page, *Code, *Limits;
+    } cases[] = {{"-MK2", "G23", "0 to 2210 to 221"},
+                 {"-MK4", "M26", "0 to 9990 to 999"},
+                 {"-F1", "M26", "0 to 9990 to 9990 to 9990 to 999"},
+                 {"-F1", "G04", "0 to 199990 to 79990 to 99990 to 3999"},
+                 {"-F1", "M99", "0 to 199990 to 79990 to 99990 to 3999"}};
+    for (const auto& [page, code, limits] : cases) {
+        const std::string own =
+            ReplaceEach(TextAt(BytesOf(HELP_DIR "/English" + std::string(page) + ".html"), code), "\n", "");
+        EXPECT_NE(own.find(limits), own.npos) << page << " " << own;
+    }
+}
+
 TEST(Help, TellsEveryCodeWithALineAndLimitsInBothUnits)
 {
     const std::tuple<const char*, std::vector<Control W::*>, const char*, const char*> machines[] = {
@@ -104,6 +146,24 @@ TEST(Help, NoLinkLeadsNowhere)
     }
 }
 
+TEST(Help, OverReceivedCodeLeavesTheWindowAsItWas)
+{
+    Start("MK4 mm");
+    ASSERT_EQ(RunKeyScript("{CLICK cmdTopButtons(4)}{PICK tabSettings 6}{CHECK chkEnableCom}{CTRL-R}{F1}"),
+              std::nullopt);
+    EXPECT_EQ(frmMain.rtfHelp.Visible ? frmMain.rtfHelp.Tag : "hidden", "receive");
+    EXPECT_FALSE(TextAt(frmMain.rtfHelp.Text, "receive").empty());
+    for (const char* leave : {"{F1}", "{F1}{ESC}"}) {
+        ASSERT_EQ(RunKeyScript(leave), std::nullopt);
+        EXPECT_FALSE(frmMain.rtfHelp.Visible);
+        EXPECT_TRUE(frmMain.frRXcode.Visible);
+        EXPECT_TRUE(HasFocus(frmMain.txtRX));
+        EXPECT_FALSE(frmMain.mnuHelp.Enabled || IsUsable(frmMain.txtGMcode));
+    }
+    ASSERT_EQ(RunKeyScript("{CLICK cmdReceiveExit}"), std::nullopt);
+    EXPECT_TRUE(frmMain.mnuHelp.Enabled && IsUsable(frmMain.txtGMcode));
+}
+
 TEST(Help, OpensAtWhatTheCursorIsOn)
 {
     const std::tuple<const char*, const char*, Control W::*, const char*> cases[] = {
@@ -113,6 +173,9 @@ TEST(Help, OpensAtWhatTheCursorIsOn)
         {"MK2 mm", "84{ENTER}5{ENTER}{F1}", &W::rtfGcodeHelpMK2, "G84"},
         {"MK4 mm", "{ESC}{F1}", &W::rtfHelp, "list"},
         {"MK4 mm", "{CLICK txtFileNotes}{F1}", &W::rtfHelp, "notes"},
+        {"MK4 mm", "{CLICK txtComment}{F1}", &W::rtfHelp, "comment"},
+        {"F1 mm V", "{PICK lstF1Mcodes 2}{FOCUS lstF1Mcodes}{F1}", &W::rtfGcodeHelpMK4, "M03"},
+        {"MK4 mm", "00{ENTER}1{ENTER}1{ENTER}{ENTER}{CTRL-D}{F1}", &W::rtfHelp, "drawing"},
         {"MK4 mm", "84{ENTER}{F1}{F1}", &W::rtfHelp, "list"}};
     for (const auto& [profile, keys, pane, place] : cases) {
         Start(profile);

@@ -103,6 +103,14 @@ TEST(Printing, ADrawingIsPrintedOnWhiteAndTheWindowComesBackBlack)
     cmdPrint_Click();
     EXPECT_EQ(Desk.Printer.Jobs.size(), 2u);
     EXPECT_EQ(Picture.Generation(), drawn);
+
+    // The box is marked, but the picture was not drawn since.
+    OpenDrawing(Pin);
+    SetCheck(frmDraw.chkAutoRedraw, false);
+    SetCheck(frmDraw.chkPrintableBackground, true);
+    ASSERT_EQ(Picture.Settings().Back, Colors::Black);
+    cmdPrint_Click();
+    EXPECT_EQ(ImageOf(Desk.Printer.Jobs.at(0)).Ground, Colors::White);
 }
 
 TEST(Printing, WhatCannotBePrintedIsToldOrLeft)

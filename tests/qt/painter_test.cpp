@@ -2,6 +2,7 @@
 // sheet, exact ends of arcs.
 
 #include "qt/painter_canvas.h"
+#include "qt/picture_writer.h"
 
 #include <QImage>
 #include <chrono>
@@ -134,6 +135,22 @@ TEST(Painter, TheGroundChangesOnceForAll)
     EXPECT_EQ(image.pixelColor(50, 20), QColor(Qt::white));
     EXPECT_EQ(image.pixelColor(50, 30), QColor(Qt::white));
     EXPECT_EQ(image.pixelColor(50, 40), QColor(Qt::red));
+}
+
+TEST(Painter, TheGroundIsPaintedOnceAlsoWithoutFigures)
+{
+    RecordingCanvas drawn;
+    drawn.ClearCanvas();
+    drawn.SetBackColor(Colors::Black);
+    drawn.SetBackColor(Colors::Red);
+    for (const bool figure : {false, true}) {
+        if (figure) drawn.DrawLine(0, 0, 1500, 1500);
+        const std::string svg = PaintPicture({&drawn.Operations(), 1500, 1500, PictureFormat::Svg});
+        const size_t ground = svg.find("<rect");
+        EXPECT_NE(ground, svg.npos) << svg;
+        EXPECT_EQ(svg.find("<rect", ground + 1), svg.npos) << svg;
+        EXPECT_NE(svg.find("fill=\"#ff0000\""), svg.npos) << svg;
+    }
 }
 
 TEST(Painter, FiguresFarBeyondTheSheet)

@@ -21,7 +21,9 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QTest>
@@ -333,4 +335,41 @@ TEST_F(Window, HelpGoesToItsPlaceFollowsLinksAndFinds)
     SendKeys("{ESC}");
     EXPECT_FALSE(manual.isVisible());
     EXPECT_FALSE(WidgetOf(frmMain.txtHelpFind)->isVisible());
+    // A search in one page is none in another.
+    Click(frmMain.txtXI);
+    SendKeys("{F1}");
+    EXPECT_EQ(firstWord(page), "G84");
+}
+
+TEST_F(Window, TheSearchOfTheHelpBeginsWhereThePageIsAndTellsWhatIsMissing)
+{
+    auto& page = *Events.Widgets.As<QTextBrowser>(frmMain.rtfGcodeHelpMK4);
+    auto& missed = *page.findChild<QLabel*>("helpMissed");
+    SendKeys("84{ENTER}{F1}");
+    const int place = page.textCursor().position();
+    EXPECT_GT(place, 1000);
+    SendKeys("{CTRL-F}enter{ENTER}");
+    const int first = page.textCursor().position();
+    EXPECT_GT(first, place);
+    SendKeys("{ENTER}");
+    EXPECT_GT(page.textCursor().position(), first);
+    SendKeys("{CTRL-F}no such word{ENTER}"); // the old text was selected
+    EXPECT_EQ(frmMain.txtHelpFind.Text, "no such word");
+    EXPECT_TRUE(missed.isVisible());
+    EXPECT_EQ(missed.text(), "\"no such word\" is not on this page");
+    SendKeys("{CTRL-F}pitch{ENTER}"); // stands in front of the place only
+    EXPECT_FALSE(missed.isVisible());
+    EXPECT_EQ(page.textCursor().selectedText().toLower(), "pitch");
+}
+
+TEST_F(Window, AClickAnywhereOnAboutShowsTheVersions)
+{
+    Events.Run([] { ChooseMenu(frmMain.mnuAbout); });
+    auto& list = *Events.Widgets.As<QListWidget>(frmMain.lstAbout);
+    ASSERT_TRUE(list.isVisible());
+    const QPoint empty = list.viewport()->rect().bottomRight() - QPoint(20, 20);
+    ASSERT_EQ(list.itemAt(empty), nullptr);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, empty);
+    EXPECT_FALSE(list.isVisible());
+    EXPECT_TRUE(WidgetOf(frmMain.rtfAbout)->isVisible());
 }

@@ -120,8 +120,17 @@ std::string ProgramTable(int worked)
     return table + "</table>\n";
 }
 
-/// The drawing of the program as it stands.
-std::string DrawnProgram()
+/// The numbers of "X500 Y500 R250" by their letters.
+std::map<char, double> NumbersOf(const std::string& words)
+{
+    std::istringstream text(words);
+    std::map<char, double> numbers;
+    for (std::string word; text >> word;) numbers[word[0]] = std::stod(word.substr(1));
+    return numbers;
+}
+
+/// The drawing of the program as it stands, with the cutter where the example shows it.
+std::string DrawnProgram(const std::vector<std::string>& cutters)
 {
     Shared.DrawBoxes = {};
     Shared.DrawBoxes.Background = Shared.DrawBoxes.ToolCenter = 1;
@@ -138,6 +147,13 @@ std::string DrawnProgram()
     DrawSlot.WithoutWaits = false;
     SvgCanvas canvas;
     Replay(Picture.Operations(), canvas);
+    canvas.SetForeColor(Colors::Black);
+    for (const std::string& cutter : cutters) {
+        auto at = NumbersOf(cutter);
+        const double scale = double{Shared.DrawScale};
+        canvas.DrawCircle(Drawing.ZeroPointX + at['X'] * scale, Drawing.ZeroPointY - at['Y'] * scale,
+                          at['R'] * scale);
+    }
     return canvas.Svg(PictureWidth, PictureHeight);
 }
 
@@ -167,10 +183,14 @@ ExampleLines ReadExamples(const std::string& text)
     return examples;
 }
 
-Example MakeExample(const std::string& lines, const std::string& code)
+Example MakeExample(const std::string& source, const std::string& code)
 {
     Example example;
     int worked = 0;
+    const size_t tilde = source.find(" ~ ");
+    const std::string lines = source.substr(0, tilde);
+    std::vector<std::string> cutters;
+    if (tilde != std::string::npos) cutters = Parts(source.substr(tilde + 3), " / ");
     for (std::string line : Parts(lines, " / ")) {
         const bool here = line.starts_with("* ");
         if (here) line = line.substr(2);
@@ -188,6 +208,6 @@ Example MakeExample(const std::string& lines, const std::string& code)
     const auto& shown = dynamic_cast<const ScriptedPlatform&>(*ThePlatform).Boxes;
     if (!shown.empty()) Fail(lines, shown.front().Box.Text);
     example.Table = ProgramTable(worked);
-    if (Moves()) example.Picture = DrawnProgram();
+    if (Moves()) example.Picture = DrawnProgram(cutters);
     return example;
 }

@@ -9,12 +9,13 @@
 //
 // In manual.html and about.html stand {{name}} for the caption of a control (frmDraw.name for the drawing's),
 // {{key name}} for the shortcut of a menu entry, {{tab N}} for a tab of the settings, {{item name N}} for an
-// item of a list or combo, {{from name}} and {{to name}} for the limits of a box, {{lines MK4}} for the lines
-// that a machine holds, {{version}}, {{contents}}.
+// item of a list or combo, {{text Line}} for a text of the language module, {{from name}} and {{to name}} for
+// the limits of a box, {{lines MK4}} for the lines that a machine holds, {{version}}, {{contents}}.
 //
 // codes.html consists of blocks: "@G84 MK2 MK4" begins the text of a code, for all machines that have it
 // unless some are named; lines "X: ..." in front of its first "<" say what the words mean. "@words" gives the
-// meanings that hold where a block has none, "@intro MK4" the beginning of a page, "@labels" the headings.
+// meanings that hold where a block has none, "@words F1" those of a machine, "@intro MK4" the beginning of a
+// page, "@labels" the headings.
 
 #include "example.h"
 
@@ -25,9 +26,11 @@
 #include "core/control_names.h"
 #include "core/draw_window.h"
 #include "core/main_window.h"
+#include "core/messages.h"
 #include "core/profile.h"
 #include "core/text.h"
 #include "editor/fields.h"
+#include "interpreter/limits.h"
 #include "platform/files.h"
 #include "platform/scripted.h"
 #include "settings/language.h"
@@ -35,8 +38,10 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -144,6 +149,7 @@ std::string ValueOf(const std::string& placeholder)
     if (kind == "key") return Key(name);
     if (kind == "tab") return "<b>" + Escaped(frmMain.tabSettings.Items.at(std::stoul(name))) + "</b>";
     if (kind == "item") return Escaped(ControlOf(name).Items.at(static_cast<size_t>(index)));
+    if (kind == "text") return Escaped(Tr(name));
     if (kind == "from" || kind == "to") return Limit(name, kind == "to");
     if (MachineKind machine{}; kind == "lines" && MachineOfName(name, machine))
         return std::to_string(ProfileOf(machine).MaxLines);
@@ -267,8 +273,14 @@ private:
     std::string Meaning(const Block& block, const std::string& code, const std::string& word) const
     {
         if (const auto own = block.Words.find(word); own != block.Words.end()) return own->second;
-        const Block& common = BlockOf("words");
-        if (const auto found = common.Words.find(word); found != common.Words.end()) return found->second;
+        const std::string* common = nullptr;
+        for (const Block& words : Texts) {
+            const auto found = words.Words.find(word);
+            if (found == words.Words.end()) continue;
+            if (words.Head == "words " + Name) return found->second;
+            if (words.Head == "words") common = &found->second;
+        }
+        if (common != nullptr) return *common;
         throw std::runtime_error("codes.html: no meaning of " + word + " in " + code);
     }
 
@@ -280,18 +292,33 @@ private:
         SetUpFields(code.size() == 4 ? code : code + " ");
         const MainWindow& main = frmMain;
         std::vector<std::pair<std::string, std::string>> fields;
-        const std::pair<const Control*, const Control*> all[] = {{&main.lblXI, &main.txtXI},
-                                                                 {&main.lblYJ, &main.txtYJ},
-                                                                 {&main.lblZK, &main.txtZK},
-                                                                 {&main.lblFKTL, &main.txtFKTL},
-                                                                 {&main.lblH, &main.txtH}};
-        for (const auto& [label, box] : all) {
-            if (!box->Visible) continue;
-            const bool free = box->Tag.empty() || !box->Enabled;
-            fields.emplace_back(label->Text,
-                                free ? "" : ReplaceText(box->Tag, "TO", " " + Label("to") + " "));
+        // The mill has no word H: its pulses stand in F.
+        const auto hWord = Machine == MachineKind::F1 ? &LineWords::F : &LineWords::H;
+        const std::tuple<const Control*, const Control*, int16_t LineWords::*> all[] = {
+            {&main.lblXI, &main.txtXI, &LineWords::X},
+            {&main.lblYJ, &main.txtYJ, &LineWords::Y},
+            {&main.lblZK, &main.txtZK, &LineWords::Z},
+            {&main.lblFKTL, &main.txtFKTL, &LineWords::F},
+            {&main.lblH, &main.txtH, hWord}};
+        for (const auto& [label, box, word] : all) {
+            if (box->Visible) fields.emplace_back(label->Text, box->Enabled ? Limits(*box, code, word) : "");
         }
         return fields;
+    }
+
+    /// What both the entry and the check allow.
+    std::string Limits(const Control& box, const std::string& code, int16_t LineWords::*word) const
+    {
+        std::string cell = code.size() == 4 ? code : code + " ";
+        if (cell[0] == 'G') cell[0] = ' ';
+        std::optional<WordLimits> limits = CheckedLimits(CodeOfCell(cell), word);
+        if (const size_t to = box.Tag.find("TO"); to != std::string::npos) {
+            const int low = std::stoi(box.Tag), high = std::stoi(box.Tag.substr(to + 2));
+            limits = limits ? WordLimits{std::max(limits->Low, low), std::min(limits->High, high)}
+                            : WordLimits{low, high};
+        }
+        if (!limits) return "";
+        return std::to_string(limits->Low) + " " + Label("to") + " " + std::to_string(limits->High);
     }
 
     std::string Parameters(const Block& block, const std::string& code)
@@ -299,13 +326,13 @@ private:
         const bool mill = Machine == MachineKind::F1;
         std::vector<std::vector<std::pair<std::string, std::string>>> profiles;
         std::string head = "<tr><th></th><th>" + Label("meaning") + "</th>";
-        const Control* const titles[] = {&frmMain.optSettingsVmm, &frmMain.optSettingsVinch,
-                                         &frmMain.optSettingsHmm, &frmMain.optSettingsHinch};
+        // The settings under which the limits hold; the unit of a value stands in its meaning.
+        const Control* const lathes[] = {&frmMain.optSettingsMm, &frmMain.optSettingsInch};
+        const Control* const mills[] = {&frmMain.optSettingsVmm, &frmMain.optSettingsVinch,
+                                        &frmMain.optSettingsHmm, &frmMain.optSettingsHinch};
         for (int i = 0; i < (mill ? 4 : 2); ++i) {
             profiles.push_back(Fields(code, i % 2 == 0, i >= 2));
-            const std::string title = mill ? Caption(*titles[i]) : "";
-            const std::string unit = i % 2 == 0 ? "1/100 mm" : "1/1000 " + Caption(frmMain.optSettingsInch);
-            head += "<th>" + (mill ? title + "<br>" + unit : unit) + "</th>";
+            head += "<th>" + Caption(mill ? *mills[i] : *lathes[i]) + "</th>";
         }
         if (profiles[0].empty()) return "<p>" + Label("none") + "</p>\n";
         std::string table = "<table border=\"1\" cellspacing=\"0\" cellpadding=\"3\">\n" + head + "</tr>\n";
