@@ -2,6 +2,7 @@
 
 #ifdef CONTROL_SIM
 
+#include "qt/events.h"
 #include "support/process.h"
 
 #include "commands/load.h"
@@ -14,6 +15,7 @@
 #include "serial/receive.h"
 #include "serial/setup.h"
 #include "ui/choice.h"
+#include "ui/focus.h"
 
 #include <QAbstractButton>
 #include <QPlainTextEdit>
@@ -159,6 +161,11 @@ TEST_F(TransferWindow, StopsBesideAReception)
     ASSERT_TRUE(QTest::qWaitFor([] { return !Shared.Transmitting; }, 10'000));
     EXPECT_TRUE(WidgetOf(frmMain.txtRX)->isVisible());
     EXPECT_FALSE(WidgetOf(frmMain.cmdStop)->isVisible());
+    SendKeys("{F1}"); // the help lies in front of the received text
+    const QWidget* const help = WidgetOf(frmMain.rtfHelp);
+    EXPECT_TRUE(help->isAncestorOf(Window->childAt(help->mapTo(Window.get(), help->rect().center()))));
+    SendKeys("{ESC}");
+    EXPECT_TRUE(HasFocus(frmMain.txtRX));
     Events.Run([] { SetCheck(frmMain.chkEnableCom, false); });
     EXPECT_EQ(Sim->Wait(), 3) << Sim->Report();
     EXPECT_TRUE(Sim->Taken().ends_with("\r\nM\r\n"));
