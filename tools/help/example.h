@@ -20,7 +20,7 @@ using ExampleLines = std::map<std::string, std::string>;
 ExampleLines ReadExamples(const std::string& text);
 
 /// Types the lines "92 X2000 Z100 / * 84 X1600 Z-1500 F80 H100 / M30" into the new program that stands ready;
-/// "* @" is a worked line of the code alone. Behind " ~ " may stand where the picture shows the cutter, and its
-/// radius: "X500 Y500 R250 / ...". A value that is missing, refused or reported is a fault of the
-/// source: throws std::runtime_error.
+/// "* @" is a worked line of the code alone. Behind " ~ " may stand where the picture shows the cutter, and
+/// its radius: "X500 Y500 R250 / ...". A value that is missing, refused or reported is a fault of the source:
+/// throws std::runtime_error.
 Example MakeExample(const std::string& source, const std::string& code);
