@@ -26,7 +26,7 @@ namespace {
 
 using W = MainWindow;
 
-/// [CTRL] with a letter, and [F1], choose a menu entry.
+/// [CTRL] with a letter chooses a menu entry.
 struct MenuShortcut {
     char Letter;
     Control W::*Entry;

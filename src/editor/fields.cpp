@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What a field may hold. The rows of LimitTexts and AxisLimits say it in numbers.
+/// What a field may hold. LimitTexts and AxisTable say it in numbers.
 enum class Limit {
     Hidden,
     None,
