@@ -146,6 +146,11 @@ void mnuExit_Click()
     ResetInterpreter();
     SaveSettings();
     frmDraw_Close();
+    // What came while a question was up.
+    if (frmMain.frRXcode.Visible && ThePort->IsOpen()) {
+        MSComm1_OnComm(PortEvent::Received);
+        KeepReceived();
+    }
     ThePort->Close();
     Shared.RunMode = Shared.RunLocked = false;
     Shared.Ended = true;

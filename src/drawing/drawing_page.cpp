@@ -53,7 +53,7 @@ void AddScaleBar(Sheet& sheet, const PrintedImage& image, double top, const Capt
                  const Face& face)
 {
     const double unit = image.UnitTwips * image.PaperWidth / image.Width;
-    const ScaleBar bar = ScaleBarOf(unit, image.Metric, caption.BarRoom);
+    const ScaleBar bar = ScaleBarOf(unit, image.Metric, caption.BarRoom, image.LengthText);
     const double right = page.Width, left = right - bar.Length, y = top + BarEnd;
     sheet.Lines.push_back({left, y, right, y});
     for (const double end : {left, right}) sheet.Lines.push_back({end, y - BarEnd, end, y + BarEnd});
@@ -64,7 +64,7 @@ void AddScaleBar(Sheet& sheet, const PrintedImage& image, double top, const Capt
 
 } // namespace
 
-ScaleBar ScaleBarOf(double unit, bool metric, double most)
+ScaleBar ScaleBarOf(double unit, bool metric, double most, const std::string& lengthText)
 {
     const double whole = metric ? 100 : 1000; // units in 1 mm or 1 inch
     int power = static_cast<int>(std::floor(std::log10(most / (unit * whole))));
@@ -75,7 +75,7 @@ ScaleBar ScaleBarOf(double unit, bool metric, double most)
     const double length = factor * std::pow(10, power);
     char number[64];
     std::snprintf(number, sizeof number, "%.*f", std::max(0, -power), length);
-    return {length * unit * whole, Tr(metric ? "%1 mm" : "%1 inch", {number})};
+    return {length * unit * whole, Tr(lengthText, {number})};
 }
 
 bool IsDrawing(const PrintJob& job)

@@ -16,7 +16,7 @@ struct ScaleBar {
 };
 /// The longest bar of 1, 2 or 5 times a power of ten that is no longer than `most` on paper. `unit` is what
 /// 1/100 mm (metric) or 1/1000 inch of the program is on paper.
-ScaleBar ScaleBarOf(double unit, bool metric, double most);
+ScaleBar ScaleBarOf(double unit, bool metric, double most, const std::string& lengthText);
 
 /// Whether a job is a drawing.
 bool IsDrawing(const PrintJob& job);

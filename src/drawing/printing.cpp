@@ -41,6 +41,7 @@ bool PrintPictureToFitPage()
 {
     PrintedImage image{&Picture.Operations(), CanvasWidth(), CanvasHeight(), Picture.Settings().Back};
     image.UnitTwips = Shared.DrawScale;
+    image.LengthText = Tr(Shared.Metric ? "%1 mm" : "%1 inch");
     image.Metric = Shared.Metric;
 
     PrintJob job = NewPrintJob();

@@ -40,7 +40,7 @@ Body BodyOf(const PrintJob& job, double width, double points, const Face& face)
 
 std::string PageText(const PrintJob& job, size_t page, size_t pages)
 {
-    const std::string number = Tr("Page %1 of %2", {std::to_string(page), std::to_string(pages)});
+    const std::string number = Tr(job.PageText, {std::to_string(page), std::to_string(pages)});
     return job.Date.empty() ? number : job.Date + "   " + number;
 }
 

@@ -26,6 +26,7 @@ PrintJob NewPrintJob()
     char date[40];
     std::snprintf(date, sizeof date, "%04d-%02d-%02d", now.Year, now.Month, now.Day);
     job.Date = date;
+    job.PageText = Tr("Page %1 of %2");
     return job;
 }
 

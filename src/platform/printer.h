@@ -30,6 +30,8 @@ struct PrintedImage {
     /// Twips of the recording for one program unit, which is 1/100 mm when Metric, else 1/1000 inch.
     double UnitTwips = 1;
     bool Metric = true;
+    /// How the scale bar tells its length in the language in force.
+    std::string LengthText = "%1 mm";
 };
 
 /// One thing that is printed: an image, or a text of any number of lines; "" is an empty line.
@@ -51,6 +53,8 @@ struct PrintJob {
 
     /// What the pages tell about the program: its file's name and path, the date as year-month-day.
     std::string Name, Path, Date;
+    /// How the foot tells the page in the language in force. What paints may stand in a module without it.
+    std::string PageText = "Page %1 of %2";
     /// The line of a table that each further page begins with; "" for none.
     std::string Header;
 };

@@ -81,7 +81,11 @@ void PainterCanvas::FillSheet()
 
 void PainterCanvas::PaintGround()
 {
-    if (GroundIsDue) To.fillRect(Sheet.toAlignedRect(), QtColor(Ground));
+    if (!GroundIsDue) return;
+    // The figure before may have been an inverting one.
+    To.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    To.fillRect(Sheet.toAlignedRect(), QtColor(Ground));
+    Stale = true;
     GroundIsDue = false;
 }
 

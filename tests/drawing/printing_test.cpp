@@ -149,7 +149,7 @@ TEST(Printing, AScaleBarIsEasilyReadOff)
         {2.54, false, "2 inch", 5080}, {25.4, false, "0.2 inch", 5080}, {0.001, true, "50000 mm", 5000},
     };
     for (const auto& row : cases) {
-        const ScaleBar bar = ScaleBarOf(row.Unit, row.Metric, 6000);
+        const ScaleBar bar = ScaleBarOf(row.Unit, row.Metric, 6000, row.Metric ? "%1 mm" : "%1 inch");
         EXPECT_EQ(bar.Label, row.Label) << row.Unit;
         EXPECT_NEAR(bar.Length, row.Length, 0.01) << row.Unit;
     }
