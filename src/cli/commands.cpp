@@ -6,6 +6,7 @@
 #include "cli/summary.h"
 #include "commands/save.h"
 #include "commands/session.h"
+#include "commands/settings.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
@@ -130,6 +131,7 @@ Outcome TypeKeys(const LoadOptions& options, const std::string& file, const std:
         if (const auto why = LoadInto(file)) return Failed(file + ": " + *why);
     }
     ThePicturePainter = PaintByModule;
+    if (frmMain.cboLanguage.Items.empty()) FillLanguages();
     if (const auto fault = RunKeyScript(script)) return Failed(*fault);
     return {StatusDone,
             asJson ? WindowStateAsJson() : ProgramAsText(file.empty() ? "keys" : file, withColor)};

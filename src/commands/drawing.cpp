@@ -128,8 +128,9 @@ void cmdSavePicture_Click()
     constexpr const char* Filter = "SVG picture|*.svg|PNG picture|*.png|PDF document|*.pdf|";
     std::string name = FileNameOf(frmMain.lblPath.Text);
     name = (name.empty() ? "drawing" : name.substr(0, name.rfind('.'))) + ".svg";
-    const auto chosen =
-        ThePlatform->AskForFile({FileDialog::Purpose::Save, name, Filter, FolderOfLastFile()});
+    FileDialog dialog{FileDialog::Purpose::Save, name, Filter, FolderOfLastFile()};
+    dialog.AsksBeforeReplacing = true;
+    const auto chosen = ThePlatform->AskForFile(dialog);
     if (!chosen || chosen->empty()) return;
     PictureFormat format{};
     if (!FormatOfFile(*chosen, format)) {

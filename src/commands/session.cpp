@@ -239,7 +239,6 @@ void BeginStart()
     }
     if (const std::string left = AppDataPath() + "/Transmit.txt"; FileExists(left)) RemoveFile(left);
     FillFonts();
-    FillLanguages();
     frmDraw_Load();
 }
 
@@ -282,6 +281,7 @@ void StartProgram(const std::optional<std::string>& argument)
         EndWithoutPrinter();
         return;
     }
+    FillLanguages();
     Shared.Metric = false;
     LoadSettings(argument);
     ControlsPositioning();

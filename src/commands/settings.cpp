@@ -193,7 +193,9 @@ void ShowLanguage()
     const auto used = std::find_if(LanguageFiles.begin(), LanguageFiles.end(), [&](const std::string& file) {
         return module.empty() ? FileNameOf(file) == "English.txt" : IsSameFile(file, module);
     });
-    list.Index = used == LanguageFiles.end() ? -1 : static_cast<int>(used - LanguageFiles.begin());
+    list.Index = used == LanguageFiles.end() || list.Items.empty()
+                     ? -1
+                     : static_cast<int>(used - LanguageFiles.begin());
     list.Text = list.Index < 0 ? "" : list.Items[static_cast<size_t>(list.Index)];
 }
 
@@ -308,13 +310,18 @@ void InstallDefaults()
 
 void FillLanguages()
 {
+    constexpr size_t ModuleHead = 1024;
     Control& list = frmMain.cboLanguage;
     list.Items.clear();
     LanguageFiles.clear();
     const std::string folder = InstalledPath("languages");
     for (const std::string& file : FilesIn(folder, ".txt")) {
         std::string bytes;
-        if (ReadWholeFile(folder + "/" + file, bytes) || KindOfFile(bytes) != FileKind::Language) continue;
+        if (ReadWholeFile(folder + "/" + file, bytes)) continue;
+        // What a module is and its language's name stand in its first lines; whole ones, so that no letter is
+        // cut.
+        bytes.resize(bytes.rfind('\n', std::min(bytes.size(), ModuleHead)) + 1);
+        if (KindOfFile(bytes) != FileKind::Language) continue;
         list.Items.emplace_back(TextOr(file, LanguageNameOf(bytes)));
         LanguageFiles.push_back(folder + "/" + file);
     }

@@ -72,8 +72,11 @@ bool lvCncProgram_KeyDown(Control&, const KeyStroke& key)
     };
     const int at = lvCncProgram.Selected;
     switch (key.Name) {
-    case KeyName::Delete: cmdDelete_Click(); return true;
-    case KeyName::Insert: cmdInsert_Click(); return true;
+    case KeyName::Delete:
+    case KeyName::Insert:
+        if (key.Shift || key.Ctrl) return false; // cut, paste and copy of some desktops
+        key.Name == KeyName::Delete ? cmdDelete_Click() : cmdInsert_Click();
+        return true;
     case KeyName::Enter:
     case KeyName::F2: lvCncProgram_Click(); return true;
     case KeyName::Up: move(at - 1); return true;

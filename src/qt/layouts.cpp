@@ -103,8 +103,8 @@ struct EntryField {
     int Share;
 };
 constexpr EntryField EntryFields[] = {
-    {&W::lblXI, &W::txtXI, 11},    {&W::lblYJ, &W::txtYJ, 10}, {&W::lblZK, &W::txtZK, 11},
-    {&W::lblFKTL, &W::txtFKTL, 8}, {&W::lblH, &W::txtH, 7},
+    {&W::lblXI, &W::txtXI, 21},     {&W::lblYJ, &W::txtYJ, 21}, {&W::lblZK, &W::txtZK, 21},
+    {&W::lblFKTL, &W::txtFKTL, 16}, {&W::lblH, &W::txtH, 14},
 };
 
 /// A box below its label.
@@ -114,6 +114,8 @@ QBoxLayout* FieldCell(const ControlWidgets& widgets, QLayoutItem* label, const C
     cell->setSpacing(0);
     QWidget* const field = Of(widgets, box);
     field->setMinimumWidth(0);
+    // In the smallest window five digits and a sign take all the room that there is.
+    if (auto* const line = qobject_cast<QLineEdit*>(field)) line->setTextMargins(-2, 0, -2, 0);
     field->setMaximumWidth(field->fontMetrics().averageCharWidth() * 18);
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     cell->addItem(label);
@@ -139,7 +141,7 @@ void LayOutEntry(const ControlWidgets& widgets)
     QFont bold = Of(widgets, main.lblGMcode)->font();
     bold.setBold(true);
     Of(widgets, main.lblGMcode)->setFont(bold);
-    row->addLayout(FieldCell(widgets, caption, main.txtGMcode), 7);
+    row->addLayout(FieldCell(widgets, caption, main.txtGMcode), 14);
     for (const EntryField& field : EntryFields) {
         QLayoutItem* const label = new QWidgetItem(Of(widgets, main.*field.Label));
         row->addLayout(FieldCell(widgets, label, main.*field.Box), field.Share);
