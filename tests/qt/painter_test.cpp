@@ -123,6 +123,20 @@ TEST(Painter, InvertingTwiceRestores)
     EXPECT_EQ(again, before);
 }
 
+TEST(Painter, AnInvertingPenDoesNotReachTheNextGround)
+{
+    const QImage image = Paint([](DrawCanvas& canvas) {
+        canvas.DrawLine(0, 1500, 3000, 1500);
+        canvas.SetPenMode(PenMode::Invert);
+        canvas.DrawLine(0, 900, 3000, 900);
+        canvas.ClearCanvas();
+        canvas.DrawLine(0, 600, 3000, 600);
+    });
+    EXPECT_EQ(Light(image, 100, 100), 0); // the old line is gone
+    EXPECT_EQ(Light(image, 100, 60), 0);
+    EXPECT_EQ(Light(image, 100, 40), 255); // and the pen still inverts
+}
+
 TEST(Painter, TheGroundChangesOnceForAll)
 {
     const QImage image = Paint([](DrawCanvas& canvas) {
