@@ -5,7 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-tools/install-packages g++ cmake ninja-build nlohmann-json3-dev libcli11-dev libgtest-dev \
+tools/install-packages git g++ cmake ninja-build nlohmann-json3-dev libcli11-dev libgtest-dev \
     clang clang-format libclang-rt-14-dev qt6-base-dev qt6-svg-dev qt6-serialport-dev qt6-translations-l10n \
     xvfb xauth xdotool cups-daemon cups-client poppler-utils libglib2.0-bin shared-mime-info
 
