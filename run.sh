@@ -19,8 +19,12 @@ fi
     cd "$here"
     cmake --preset release -DBRIXLEY_DESKTOP=ON -DBRIXLEY_TESTS=OFF -DBRIXLEY_BENCH=OFF -B build/run >/dev/null
     log=build/run/build.log
-    # How far it is, in one line that is written over.
-    steps() { if [[ -t 2 ]]; then sed -un 's/^\(\[[0-9]*\/[0-9]*\]\).*/\1/p' | while read -r step; do printf '\r%s' "$step"; done; printf '\r\033[K'; else cat >/dev/null; fi; }
+    # How far it is, in one line that is written over; nothing where nobody looks.
+    steps() {
+        [[ -t 2 ]] || { cat >/dev/null; return; }
+        sed -un 's/^\(\[[0-9]*\/[0-9]*\]\).*/\1/p' | while read -r step; do printf '\r%s' "$step"; done
+        printf '\r\033[K'
+    }
     cmake --build build/run --target "${targets[@]}" | tee "$log" | steps || { cat "$log"; exit 1; }
 ) >&2
 

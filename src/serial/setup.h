@@ -15,7 +15,8 @@ void BeginCommunication();
 void RefreshPorts();
 /// The user picked a tab of the settings: the ports are read anew for that of the port.
 void tabSettings_Click();
-/// The settings pane was left: a closed port opens when communication is enabled.
+/// The settings pane was left, or communication enabled beside the receive pane: a closed port opens when
+/// communication is enabled.
 void LeaveSettings();
 
 /// Switches communication on or off, as the box says. Off closes the port.
