@@ -38,8 +38,8 @@ bool Unsaved = false;
 /// was left or cleared meanwhile. Controls pause for less between two lines.
 constexpr double Silence = 2; // seconds
 double CameLast = -Silence;
-/// The kept text is the beginning of the stream that goes on in the pane.
-bool KeptBegins = false;
+/// The kept bytes with which the stream in the pane began; "" when it began there.
+std::string Beginning;
 
 void SetText(std::string text)
 {
@@ -77,7 +77,8 @@ void TakeCharacters()
     if (!bytes.empty()) {
         const double now = ThePlatform->Seconds();
         if (box.Text.empty()) {
-            KeptBegins = now - CameLast < Silence && FileExists(KeptFile());
+            const bool goesOn = now - CameLast < Silence && FileExists(KeptFile());
+            if (!goesOn || ReadWholeFile(KeptFile(), Beginning)) Beginning.clear();
             ForgetReceived(); // a stream begins
         }
         CameLast = now;
@@ -166,7 +167,7 @@ void cmdReceiveLast_Click()
     }
     SetText(FromCodePage(bytes));
     Unsaved = true;
-    KeptBegins = false;
+    Beginning.clear();
     SetFocus(frmMain.txtRX);
 }
 
@@ -195,15 +196,13 @@ void CloseReceivePane()
 void ForgetReceived()
 {
     Unsaved = false;
-    if (const std::string kept = KeptFile(); FileExists(kept) && !KeptBegins) RemoveFile(kept);
+    if (const std::string kept = KeptFile(); FileExists(kept) && Beginning.empty()) RemoveFile(kept);
 }
 
 bool KeepReceived()
 {
     if (!Unsaved || KeptFile().empty()) return true;
-    std::string before;
-    if (KeptBegins && ReadWholeFile(KeptFile(), before)) before.clear();
-    const auto failure = ReplaceFile(KeptFile(), before + ToCodePage(frmMain.txtRX.Text));
+    const auto failure = ReplaceFile(KeptFile(), Beginning + ToCodePage(frmMain.txtRX.Text));
     if (!failure) {
         Unsaved = false;
         return true;
@@ -217,7 +216,8 @@ bool KeepReceived()
 
 void ResetReception()
 {
-    Unsaved = KeptBegins = false;
+    Unsaved = false;
+    Beginning.clear();
     CameLast = -Silence;
 }
 
