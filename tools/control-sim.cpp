@@ -30,18 +30,26 @@ using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
 constexpr const char* Usage =
-    "control-sim [--port DEVICE] [--line 300,N,8,1] [--machine MK2|MK4|F1] [--timeout SECONDS]\n"
-    "            [-o FILE] [--memory FILE] [--send] [--fast]\n"
-    "            [--talk AT] [--stall AT,SECONDS] [--drop N] [--garble N] [--hangup AT]\n"
-    "Takes a program and prints what it saw; -o stores it. --send gives the memory as soon as somebody "
-    "listens;\n"
-    "a line G66 asks for it at any time. --fast: not at the pace of the line. The last row are faults: "
-    "send the\n"
-    "memory behind AT characters in the midst of a program, stand still behind AT, lose or change each Nth, "
-    "go\n"
-    "away behind AT.\n"
-    "Exit status: 0 a whole program came (or the memory went), 3 a stop mark came, 1 anything else, 2 "
-    "usage.\n";
+    "Usage: control-sim [OPTION...]\n"
+    "Plays the machine at the other end of a serial line: it takes a program and prints what it saw, or "
+    "sends\n"
+    "its memory. Without --port it makes a line and prints the name of the other end.\n\n"
+    "  --port DEVICE         use this serial port\n"
+    "  --line 300,N,8,1      baud rate, parity, data bits, stop bits\n"
+    "  --machine MK2|MK4|F1  the machine that it plays (MK4)\n"
+    "  --timeout SECONDS     give up so long after the start, also in the middle of a program (60)\n"
+    "  -o FILE               store the program that comes in\n"
+    "  --memory FILE         the program in its memory; a line G66 asks for it at any time\n"
+    "  --send                send the memory as soon as somebody listens\n"
+    "  --fast                don't keep to the speed of the line\n"
+    "Faults that it can have:\n"
+    "  --talk N              send the memory after N characters, in the middle of a program\n"
+    "  --stall N,SECONDS     stand still after N characters\n"
+    "  --drop N, --garble N  lose, or change, every Nth character\n"
+    "  --hangup N            go away after N characters\n\n"
+    "Exit status: 0 a whole program came (or the memory was sent), 3 a stop mark came, 2 wrong options or "
+    "no\n"
+    "line, 1 anything else.\n";
 
 struct Options {
     std::string Port, Machine = "MK4", Store, Memory;
@@ -444,11 +452,11 @@ Options ReadOptions(const std::vector<std::string>& words)
             options.HangUpAt = std::atol(value.c_str());
         else if (word == "--stall") {
             if (std::sscanf(value.c_str(), "%ld,%lf", &options.StallAt, &options.StallSeconds) != 2)
-                Fail("--stall: " + value);
+                Fail("--stall: not a count and seconds such as 100,5: " + value);
         } else if (word == "--line") {
             if (std::sscanf(value.c_str(), "%d,%c,%d,%d", &options.Baud, &options.Parity, &options.DataBits,
                             &options.StopBits) != 4)
-                Fail("--line: " + value);
+                Fail("--line: not line parameters such as 300,N,8,1: " + value);
         } else {
             Fail("there is no option " + word);
         }

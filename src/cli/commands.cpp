@@ -25,7 +25,7 @@ namespace {
 /// is replaced.
 Outcome SaveTo(const std::string& target)
 {
-    if (target.empty()) return Failed("no file is named behind -o");
+    if (target.empty()) return Failed("no file is named after -o");
     Console.Boxes.clear();
     Console.Files = {target};
     mnuSaveAs_Click();

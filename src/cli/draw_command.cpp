@@ -65,7 +65,8 @@ Outcome WritePicture(const std::string& target, PictureFormat format)
 {
     const int64_t pixels = int64_t{CanvasWidth()} * CanvasHeight() / (15 * 15);
     if (format == PictureFormat::Png && pixels > MostPixels)
-        return Failed(target + ": the picture is too large, above " + std::to_string(MostPixels) + " pixels");
+        return Failed(target + ": the picture is too large: more than " + std::to_string(MostPixels) +
+                      " pixels");
     std::string why;
     PaintPictureRoutine* const paint = LoadPicturePainter(why);
     if (paint == nullptr) return Failed(why);
@@ -113,7 +114,7 @@ Outcome DrawFile(const LoadOptions& load, const DrawOptions& options, const std:
 {
     PictureFormat format{};
     if (!target.empty() && !FormatOfFile(target, format))
-        return Failed(target + ": a picture's name ends in .svg, .png or .pdf");
+        return Failed(target + ": the name of a picture must end in .svg, .png or .pdf");
     if (const Outcome opened = OpenDrawing(load, options, file); opened.Status != StatusDone) return opened;
     if (target.empty()) return {StatusDone, OperationLines()};
     return WritePicture(target, format);

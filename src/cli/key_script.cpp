@@ -280,7 +280,7 @@ Fault RunItem(std::string_view item)
         if (routine.Name == name) return routine.Run(rest);
     }
     if (Fault fault; RunWindowItem(name, rest, fault) || RunPortItem(name, rest, fault)) return fault;
-    return "an item of that name is not known";
+    return "there is no such item";
 }
 
 } // namespace

@@ -35,7 +35,7 @@ std::optional<std::string> LoadLanguage(const std::string& file)
     const std::string path = AbsolutePath(file);
     std::string bytes;
     if (const auto failure = ReadWholeFile(path, bytes)) return file + ": " + failure->Reason;
-    if (KindOfFile(bytes) != FileKind::Language) return file + ": this is no language module";
+    if (KindOfFile(bytes) != FileKind::Language) return file + ": this is not a language module";
     LoadLanguageModule(path);
     AfterEvent();
     return std::nullopt;

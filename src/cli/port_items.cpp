@@ -45,7 +45,7 @@ Fault BytesOfText(std::string_view text, std::string& bytes)
             bytes += static_cast<char>(high * 16 + low);
             i += 2;
         } else {
-            return "a backslash needs r, n, x and two digits, or another one behind it";
+            return "after a backslash comes r, n, x with two digits, or another backslash";
         }
     }
     flush();

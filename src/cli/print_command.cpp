@@ -75,7 +75,7 @@ Outcome PrintFile(const LoadOptions& load, const PrintOptions& options, const st
 {
     PictureFormat format{};
     if (!FormatOfFile(target, format) || format != PictureFormat::Pdf)
-        return Failed(target + ": the name of a printed file ends in .pdf");
+        return Failed(target + ": the name of a printed file must end in .pdf");
     if (options.Drawing) {
         if (const Outcome opened = OpenDrawing(load, options.Draw, file); opened.Status != StatusDone)
             return opened;

@@ -26,7 +26,8 @@ public:
     /// Why the port can't be used, or "".
     std::string Begin(const LineOptions& line)
     {
-        if (!ReadLineParameters(line.Parameters)) return "--line: not line parameters: " + line.Parameters;
+        if (!ReadLineParameters(line.Parameters))
+            return "--line: not line parameters such as 300,N,8,1: " + line.Parameters;
         if (line.Device.empty()) return "no port is named";
         std::string why;
         PortSessionRoutine* const open = LoadPortSession(why);
@@ -109,7 +110,7 @@ Outcome SendFile(const LoadOptions& load, const LineOptions& line, const std::st
         progress.End();
     }
 
-    if (abandoned) return Failed(file + ": given up; the stop mark has not left");
+    if (abandoned) return Failed(file + ": given up before the stop mark was sent");
     if (const std::string why = PortTroubleText(); !why.empty()) return Failed(file + ": not sent: " + why);
     if (HowTransmissionEnded() == TransmissionEnd::Sent) return {};
     return Failed(file + ": " + TransmissionText());
@@ -129,7 +130,7 @@ std::string KeepElsewhere(const std::string& bytes)
 
 Outcome ReceiveFile(const LineOptions& line, const std::string& target, double idle)
 {
-    if (target.empty()) return Failed("no file is named behind -o");
+    if (target.empty()) return Failed("no file is named after -o");
     RealPort port;
     ThePlatform = &Console;
     if (const std::string why = port.Begin(line); !why.empty()) return Failed(why);

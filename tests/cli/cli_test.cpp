@@ -75,7 +75,7 @@ TEST_F(Cli, WhatCannotBeDoneSaysWhyOnOneLine)
         const char* Words;
         const char* Why; ///< part of the line
     } cases[] = {
-        {"", "subcommand"},
+        {"", "a command is missing"},
         {"chek good.cnc", ""},
         {"check", "FILE"},
         {"check --speed good.cnc", "--speed"},
