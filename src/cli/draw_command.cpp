@@ -5,7 +5,6 @@
 #include "cli/summary.h"
 #include "commands/drawing.h"
 #include "core/draw_window.h"
-#include "core/program_list.h"
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
 #include "drawing/view.h"
@@ -98,8 +97,7 @@ bool ReadZeroPoint(const std::string& text, DrawOptions& options)
 
 Outcome OpenDrawing(const LoadOptions& load, const DrawOptions& options, const std::string& file)
 {
-    if (const auto why = OpenProgram(load, file)) return Failed(file + ": " + *why);
-    if (LineCount() == 0) return Failed(file + ": the program has no lines");
+    if (const auto why = OpenLines(load, file)) return Failed(*why);
     if (Shared.ErrorsPresent && !options.Force) {
         const std::string count = std::to_string(MessagesOfProgram().size());
         return {StatusMessages, "", file + ": not drawn, the program has " + count + " messages"};
