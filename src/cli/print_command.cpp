@@ -5,7 +5,6 @@
 #include "core/text.h"
 #include "drawing/picture_file.h"
 #include "drawing/printing.h"
-#include "files/print_job.h"
 #include "platform/files.h"
 
 #include <cstdio>

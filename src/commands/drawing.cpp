@@ -31,6 +31,7 @@ struct Event {
     Control D::*Of;
     Slots On;
 };
+
 void frControls_Click()
 {
     frControls_MouseDown(0, 0);
