@@ -232,7 +232,7 @@ std::string ReceptionText()
         before = c;
     }
     if (!text.empty() && before != '\r' && before != '\n') ++lines;
-    return Tr("%1 lines received", {std::to_string(lines)});
+    return lines == 1 ? Tr("1 line received") : Tr("%1 lines received", {std::to_string(lines)});
 }
 
 void ShowReception()

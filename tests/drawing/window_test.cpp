@@ -135,7 +135,7 @@ TEST(DrawWindow, ReadoutAndMeasuring)
     EXPECT_FALSE(Drawing.MeasureStarted);
 
     for (const auto& [typed, clean] :
-         {std::pair("12-3", "123"), {"-12-3", "-123"}, {"-", "0"}, {"", "0"}, {"007", "7"}, {"--5", "-5"}})
+         {std::pair("12-3", "123"), {"-12-3", "-123"}, {"-", "0"}, {"", "0"}, {"007", "7"}, {"9e999", "0"}})
         EXPECT_EQ(CleanMeasureText(typed), clean) << typed;
 }
 
@@ -168,7 +168,7 @@ TEST(DrawWindow, EscapeLeavesWhatGoesOn)
         const int figures = Picture.FigureCount();
         RunKeyScript(test.Script);
         EXPECT_EQ(Picture.FigureCount(), figures + static_cast<int>(test.Marks)) << test.Name;
-        EXPECT_FALSE(Drawing.MeasureStarted || Drawing.PickingZeroPoint || Drawing.Crosshair) << test.Name;
+        EXPECT_FALSE(Drawing.IsPicking()) << test.Name;
         EXPECT_TRUE(frmDraw.frView.Visible && frmDraw.cmdRedraw.Enabled) << test.Name;
         EXPECT_EQ(Drawing.ZeroPointX, 1000) << test.Name;
         EXPECT_TRUE(frmDraw.Window.Visible) << test.Name;
