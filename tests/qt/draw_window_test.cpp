@@ -161,11 +161,11 @@ TEST_F(DrawingWindow, OpensOnItsCanvasAndShowsWhatIsChosen)
     EXPECT_EQ(QApplication::focusWidget(), Canvas());
     EXPECT_EQ(Drawn(), 3U);
     EXPECT_TRUE(IsOnLine(453, 453));
-    EXPECT_EQ(Shown().pixelColor(700, 50), QColor(Qt::black));
+    EXPECT_EQ(Shown().pixelColor(300, 550), QColor(Qt::black));
 
     Click(frmDraw.chkAutoRedraw);
     Click(frmDraw.chkPrintableBackground);
-    EXPECT_EQ(Shown().pixelColor(700, 50), QColor(Qt::white));
+    EXPECT_EQ(Shown().pixelColor(300, 550), QColor(Qt::white));
     const QImage before = Shown();
     Click(frmDraw.chkGrid);
     EXPECT_NE(Shown(), before);

@@ -22,6 +22,7 @@
 #include "ui/focus.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QPlainTextEdit>
 #include <QTest>
 #include <csignal>
@@ -231,9 +232,11 @@ TEST_F(TransferWindow, KeepsWhatIsUnsavedWhenTheSystemEndsItBehindABox)
     ThePlatform = &platform;
     Shared.Changed = true;
     const EndSignals ends([this] { Events.End(); });
-    QTimer::singleShot(500, [] { std::raise(SIGTERM); });
     Events.Run([] { ASSERT_FALSE(ThePort->Write("%\r\n")); }); // the machine begins
-    Events.Run(mnuExit_Click);
+    QTimer::singleShot(0, [this] { Events.Run(mnuExit_Click); });
+    QTimer::singleShot(500, [] { std::raise(SIGTERM); });
+    QTimer::singleShot(5000, [] { QApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0);
     ThePlatform = &Desk;
     EXPECT_TRUE(Shared.Ended);
     const std::string received = BytesOf(AppDataPath() + "/Receive.txt");
