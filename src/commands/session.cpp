@@ -1,6 +1,7 @@
 #include "commands/session.h"
 
 #include "commands/drawing.h"
+#include "commands/exit.h"
 #include "commands/help.h"
 #include "commands/load.h"
 #include "commands/printing.h"
@@ -207,6 +208,7 @@ void ResetState()
     ResetInterpreter();
     ResetTransmission();
     ResetReception();
+    ResetKeptProgram();
     ThePort->OnEvent = MSComm1_OnComm;
     UnloadDrawing();
     for (const Event& event : Events) (frmMain.*event.Of).On = event.On;

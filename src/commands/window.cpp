@@ -110,57 +110,6 @@ void lblSettingsAbsColor_Click()
     ChooseColor(Shared.AbsColor);
 }
 
-namespace {
-
-/// Asks before a transmission is stopped, and lets its stop mark go out first. False while it goes on.
-bool EndTransmissionBeforeExit()
-{
-    if (!Shared.Transmitting) return true;
-    if (Shared.ExitPending) {
-        AbandonTransmission(); // closed once more: nobody waits for a line that stands still
-        return true;
-    }
-    const MessageBox box{Tr("A program is being sent. Stop it and leave?"), TextOf(Messages::Continue),
-                         Buttons::YesNo, Icon::Question};
-    if (ThePlatform->Show(box) != Answer::Yes) return false;
-    Shared.ExitPending = true;
-    if (Shared.Transmitting) cmdStop_Click();
-    return !Shared.Transmitting;
-}
-
-} // namespace
-
-void mnuExit_Click()
-{
-    if (!EndTransmissionBeforeExit()) return;
-    Shared.ExitPending = false;
-    if (frmMain.frRXcode.Visible && !KeepReceived()) return;
-    if (LineCount() > 0 && Shared.Changed) {
-        const MessageBox box{TextOf(Messages::SaveOpenFile), TextOf(Messages::Continue),
-                             Buttons::YesNoCancel};
-        const Answer answer = ThePlatform->Show(box);
-        if (answer == Answer::Cancel) return;
-        if (answer == Answer::Yes) {
-            if (Shared.RunLocked) cmdStop_Click();
-            mnuSave_Click();
-            if (Shared.Changed) return;
-        }
-        Shared.Changed = false;
-    }
-    // A walk that waits is abandoned with the program.
-    ResetInterpreter();
-    SaveSettings();
-    frmDraw_Close();
-    // What came while a question was up.
-    if (frmMain.frRXcode.Visible && ThePort->IsOpen()) {
-        MSComm1_OnComm(PortEvent::Received);
-        KeepReceived();
-    }
-    ThePort->Close();
-    Shared.RunMode = Shared.RunLocked = false;
-    Shared.Ended = true;
-}
-
 void Form_Activate()
 {
     TakeFeeds();
