@@ -213,7 +213,7 @@ bool KeepReceived()
     if (!failure) return true;
     NoteFailure(failure->Number, "cmdReceiveExit_Click");
     const std::string unsaved = Tr("%1 could not be saved: %2", {KeptFile(), Tr(failure->Reason)});
-    const MessageBox box{unsaved + "\r\n\r\n" + Tr("Go on without it?"), "", Buttons::YesNo,
+    const MessageBox box{unsaved + "\r\n\r\n" + Tr("Continue without it?"), "", Buttons::YesNo,
                          Icon::Exclamation};
     return ThePlatform->Show(box) == Answer::Yes;
 }
