@@ -73,7 +73,7 @@ struct DrawingState {
     /// The next click in the canvas sets the zero point.
     bool PickingZeroPoint = false;
     /// Program units between grid lines: 10, 100 or 1000.
-    int16_t GridDivision = 100;
+    int GridDivision = 100;
     /// Where in frControls its drag began.
     float DragOffsetX = 0, DragOffsetY = 0;
 

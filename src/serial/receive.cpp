@@ -49,6 +49,14 @@ void SetText(std::string text)
     box.SelLength = 0;
 }
 
+/// What comes, or is typed, from here on is a text of its own until it turns out to go on with a kept one.
+void EmptyPane()
+{
+    SetText("");
+    Unsaved = false;
+    Beginning.clear();
+}
+
 /// Locks the editor and shows the pane. During a transmission Stop stays in its row.
 void OpenPane()
 {
@@ -58,8 +66,7 @@ void OpenPane()
     for (const auto frame : EditorButtons) (frmMain.*frame).Visible = false;
     frmMain.frCmdEditor3.Visible = Shared.Transmitting;
     frmMain.frCmdRX.Visible = frmMain.frRXcode.Visible = true;
-    SetText("");
-    Unsaved = false;
+    EmptyPane();
     DropFocus(frmMain.txtRX); // the field that was left is not judged
     SetFocus(frmMain.txtRX);
 }
@@ -154,7 +161,7 @@ void cmdReceiveSave_Click()
 
 void cmdReceiveNew_Click()
 {
-    if (KeepReceived()) SetText("");
+    if (KeepReceived()) EmptyPane();
 }
 
 void cmdReceiveLast_Click()
