@@ -24,7 +24,8 @@ namespace {
 struct Arguments {
     LoadOptions Load;
     std::vector<std::string> Files, Columns;
-    std::string File, Target, Units, Script, Keys;
+    std::string File, Target, Units, Keys;
+    std::optional<std::string> Script;
     bool Json = false;
     int Ports = 1;
     LineOptions Line;
@@ -263,10 +264,10 @@ void AddKeysOptions(CLI::App& command, Arguments& arguments)
 /// can't be read.
 std::optional<std::string> ReadScript(const Arguments& arguments)
 {
-    if (arguments.Script.empty()) return arguments.Keys;
+    if (!arguments.Script) return arguments.Keys;
     std::string script;
     if (arguments.Script != "-") {
-        if (ReadWholeFile(arguments.Script, script)) return std::nullopt;
+        if (ReadWholeFile(*arguments.Script, script)) return std::nullopt;
         return script;
     }
     char buffer[4096];
@@ -328,7 +329,7 @@ constexpr Command Commands[] = {
     {"keys", "type a key script into the program, then print the program", AddKeysOptions,
      [](const Arguments& a) {
          const auto script = ReadScript(a);
-         if (!script) return Failed(a.Script + ": the script can't be read");
+         if (!script) return Failed(*a.Script + ": the script can't be read");
          return TypeKeys(a.Load, a.File, *script, a.Ports, a.Json, WantsColor());
      }},
     {"fingerprint", "print one number that stands for how the files are treated", AddFiles,
@@ -340,9 +341,9 @@ constexpr Command Commands[] = {
 int main(int argc, char** argv)
 {
     std::signal(SIGXFSZ, SIG_IGN); // a limit on file sizes is then a failed write with a message
-    CLI::App app(
-        "Checks, shows, draws, prints, converts and transfers part programs of small Emco training machines.",
-        "brixley-cli");
+    CLI::App app("Checks, shows, draws, prints, converts and transfers part programs for small Emco training "
+                 "machines.",
+                 "brixley-cli");
     app.set_version_flag("--version", std::string("brixley-cli ") + ProductVersion);
     app.require_subcommand(1);
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");

@@ -1,3 +1,6 @@
+// interpreter.cpp: the two sweeps (CheckLine; WalkOn with WalkLine) and the codes that act on flow and modes.
+// What arcs, cycles, tools and times need stands in the files beside it.
+
 #include "interpreter/interpreter.h"
 
 #include "core/failure.h"
@@ -53,10 +56,10 @@ void ReadCell(const std::string& cell, int16_t& word, float* plain = nullptr, fl
 void ReadWords(const ProgramLine& row, Pass& pass, bool withValues)
 {
     pass.LineCode = CodeOfCell(row[CellCode]);
-    Position* const values = withValues ? &pass.Values : nullptr;
-    ReadCell(row[CellX], pass.Words.X, values != nullptr ? &values->X : nullptr, pass.XScale);
-    ReadCell(row[CellY], pass.Words.Y, values != nullptr ? &values->Y : nullptr);
-    ReadCell(row[CellZ], pass.Words.Z, values != nullptr ? &values->Z : nullptr);
+    const auto plain = [&](float& value) { return withValues ? &value : nullptr; };
+    ReadCell(row[CellX], pass.Words.X, plain(pass.Values.X), pass.XScale);
+    ReadCell(row[CellY], pass.Words.Y, plain(pass.Values.Y));
+    ReadCell(row[CellZ], pass.Words.Z, plain(pass.Values.Z));
     ReadCell(row[CellF], pass.Words.F);
     ReadCell(row[CellH], pass.Words.H);
 }
@@ -365,6 +368,7 @@ void WalkOn(Pass& pass)
         if (Shared.RunMode) {
             SelectRow(pass.LineIndex + 1);
             if (!Shared.StepRequested) {
+                EndLoggedPass(); // what fails while it waits is no fault of its line
                 WaitingPass = pass;
                 return;
             }

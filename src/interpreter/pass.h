@@ -37,6 +37,7 @@ struct ArcState {
     bool OverQuadrant = false, Invalid = false;
 };
 
+/// Calls that may be open at a time.
 constexpr int MaxSubDepth = 5;
 
 struct Pass {

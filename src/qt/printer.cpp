@@ -3,6 +3,7 @@
 #include "core/app_data.h"
 #include "core/main_window.h"
 #include "core/messages.h"
+#include "core/shared_state.h"
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "qt/paper.h"
@@ -104,6 +105,7 @@ void QtPrinter::TakeChoice()
 
 bool QtPrinter::Choose(const PrintJob* preview)
 {
+    if (Shared.Ended) return false;
     if (BeforeDialog) BeforeDialog();
     ReturnToPrinter();
     QPrinter& device = Device();

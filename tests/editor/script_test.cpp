@@ -122,6 +122,10 @@ const Case Entry[] = {
      "12345678901234567890123456789012345678901234"},
     {"the mill proposes the depth of the hole before", "F1",
      "81{ENTER}-500{ENTER}60{ENTER}{ENTER}21{ENTER}{ENTER}82{ENTER}{ENTER}", "txtZK", "-500"},
+    {"a line that no walk has reached keeps its Z", "F1",
+     "90{ENTER}{ENTER}M17{ENTER}{ENTER}G01{ENTER}1{ENTER}0{ENTER}-500{ENTER}60{ENTER}{ENTER}"
+     "{ROW 3}{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}",
+     "row 3", "02 01 01 00 -500 60 |"},
 };
 
 const Case Fields[] = {
@@ -218,6 +222,11 @@ const Case RunAndLeave[] = {
     {"Cancel stays", "MK4", RAPID "{ANSWER Cancel}{MENU mnuExit}", "ended", "no"},
     {"a full disk stops the exit", "MK4", RAPID "{DISK FULL}{FILE out/x.cnc}{MENU mnuExit}{DISK OK}", "ended",
      "no"},
+    {"a code left for a help page doesn't keep the end code out", "MK4",
+     RAPID "01{F1}{DISK FULL}{FILE x.cnc}{CLOSE frmMain}{DISK OK}", "lines", "2"},
+    {"and a field left for one is still judged later", "MK4",
+     RAPID "01{ENTER}9999{F1}{DISK FULL}{FILE x.cnc}{CLOSE frmMain}{DISK OK}{CLICK txtComment}{ENTER}",
+     "focus", "txtXI"},
     {"an unchanged program is left at once", "MK4", "{MENU mnuExit}", "messages", ""},
     {"the refused machine comes back", "MK4", RAPID "{ANSWER No}{MACHINE F1}", "value optSettingsMK4", "1"},
     {"help is a toggle", "MK4", "{F1}{F1}", "visible rtfHelp", "no"},

@@ -324,15 +324,14 @@ TEST_F(Transmission, LeavesStopInReachBesideAReception)
     AfterEvent();
     EXPECT_TRUE(frmMain.frRXcode.Visible);
     EXPECT_TRUE(IsUsable(frmMain.cmdStop));
-    EXPECT_TRUE(Look("lblTransfer").starts_with("1 lines received; 0 of 6 lines sent"))
-        << Look("lblTransfer");
+    EXPECT_TRUE(Look("lblTransfer").starts_with("1 line received; 0 of 6 lines sent")) << Look("lblTransfer");
     for (int i = 0; i < 6; ++i) LineLeaves();
     EXPECT_FALSE(IsUsable(frmMain.cmdStop));
-    EXPECT_EQ(Look("lblTransfer"), "1 lines received; 6 of 6 lines sent");
+    EXPECT_EQ(Look("lblTransfer"), "1 line received; 6 of 6 lines sent");
     RunKeyScript("{CLICK cmdReceiveExit}");
     EXPECT_EQ(Look("lblTransfer"), "6 of 6 lines sent");
     RunKeyScript("{RX abc}");
-    EXPECT_EQ(Look("lblTransfer"), "1 lines received");
+    EXPECT_EQ(Look("lblTransfer"), "1 line received");
     EXPECT_EQ(Look("locked"), "yes");
 }
 
@@ -421,6 +420,8 @@ TEST(Serial, AStreamThatGoesOnIsKeptWhole)
     RunKeyScript(COM
                  "{RX abc}{CLICK cmdReceiveExit}{RX def}{CLICK cmdReceiveNew}{RX g}{CLICK cmdReceiveExit}");
     EXPECT_EQ(Look("file Receive.txt"), "abcdefg");
+    RunKeyScript("{MENU mnuRX}{TEXT txtRX x}{CLICK cmdReceiveExit}");
+    EXPECT_EQ(Look("file Receive.txt"), "x") << "typed: no part of the stream";
 }
 
 } // namespace
