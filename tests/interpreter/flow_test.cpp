@@ -205,6 +205,15 @@ TEST(Flow, TheFirstErrorNamesTheHeaderAndMarksTheSelectedRow)
     EXPECT_FALSE(Shared.ErrorsPresent);
 }
 
+TEST(Flow, FailuresBesideAWaitingRunAreKeptOneByOne)
+{
+    Start("MK4 mm");
+    Shared.RunMode = Shared.StepRequested = true;
+    Enter("G01 X10 Z0 F0 / G21"); // the first line is walked, the run waits at the second
+    for (int print = 1; print <= 2; ++print) NoteFailure(Failures::PrinterError, "mnuPrint_Click");
+    EXPECT_EQ(LogList(), "11 Interpreter; 482 mnuPrint_Click; 482 mnuPrint_Click");
+}
+
 TEST(Flow, AnEmptyProgram)
 {
     Start("MK4 mm");
