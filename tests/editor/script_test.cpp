@@ -191,6 +191,7 @@ const Case Lines[] = {
      "02{ENTER}500{ENTER}-200{ENTER}50{ENTER}{ENTER}-99R{ENTER}600{ENTER}{ENTER}", "row 2",
      "01 M99 I449 K397 |"},
     {"no % in the notes", "MK4", "{CLICK txtFileNotes}a%b", "txtFileNotes", "ab"},
+    {"nor a pasted one", "MK4", "{TEXT txtFileNotes 50% %}", "txtFileNotes", "50 "},
     {"deleting all comments counts as a change", "MK4", "21{ENTER}cmdWRONG{ENTER}{MENU mnuDelComments}",
      "error 1", "               "},
     {"a conversion takes the entry along", "MK4",
