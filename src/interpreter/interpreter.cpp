@@ -377,14 +377,14 @@ void WalkOn(Pass& pass)
 
 } // namespace
 
-void Report(Pass& pass, ProgramLine& row, const std::string& text)
+void Report(const Pass& pass, ProgramLine& row, const std::string& text)
 {
     row[CellError] = text;
     Shared.LastErrorIndex = pass.LineIndex;
     ShowErrorColumn(pass.LineIndex - 1);
 }
 
-Walk ReportAndEnd(Pass& pass, ProgramLine& row, const Message& message)
+Walk ReportAndEnd(const Pass& pass, ProgramLine& row, const Message& message)
 {
     Report(pass, row, TextOf(message));
     return Walk::End;
