@@ -5,7 +5,6 @@
 #include "cli/summary.h"
 #include "commands/drawing.h"
 #include "core/draw_window.h"
-#include "core/program_list.h"
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
 #include "drawing/view.h"
@@ -25,32 +24,15 @@ constexpr int MostTwips = 1'000'000;
 /// Pixels of a PNG, which has one for 15 by 15 twips: 400 MB while it is painted.
 constexpr int64_t MostPixels = 100'000'000;
 
-void ShowDrawing(const DrawOptions& options)
+/// Sets the scale; one that the list has is picked there.
+void ShowScale(float scale)
 {
-    Shared.ErrorsPresent = false;
-    Shared.DrawBoxes = options.Boxes;
-    DrawSlot.WithoutWaits = true;
-    UnloadDrawing();
-    frmDraw.Window.Width = options.Width;
-    frmDraw.Window.Height = options.Height;
-    frmDraw.frControls.Visible = false; // the window then never grows
-    frmDraw_Load();
-    frmDraw.Window.Visible = true;
-    Shared.AutoFitPending = true;
-    frmDraw_Activate();
-    if (options.Scale) {
-        const float scale = static_cast<float>(*options.Scale);
-        Drawing.ListsBusy = true;
-        for (int i = 0; i < static_cast<int>(frmDraw.cboScale.Items.size()); ++i) {
-            if (ScaleOfIndex(i) == scale) PickItem(frmDraw.cboScale, i);
-        }
-        Drawing.ListsBusy = false;
-        SetScale(scale);
-        CenterZeroPoint();
+    Drawing.ListsBusy = true;
+    for (int i = 0; i < static_cast<int>(frmDraw.cboScale.Items.size()); ++i) {
+        if (ScaleOfIndex(i) == scale) PickItem(frmDraw.cboScale, i);
     }
-    if (options.Zero) std::tie(Drawing.ZeroPointX, Drawing.ZeroPointY) = *options.Zero;
-    if (options.Scale || options.Zero) Redraw();
-    DrawSlot.WithoutWaits = false;
+    Drawing.ListsBusy = false;
+    SetScale(scale);
 }
 
 std::string OperationLines()
@@ -96,10 +78,31 @@ bool ReadZeroPoint(const std::string& text, DrawOptions& options)
     return isPoint;
 }
 
+void ShowDrawing(const DrawOptions& options)
+{
+    Shared.ErrorsPresent = false;
+    Shared.DrawBoxes = options.Boxes;
+    DrawSlot.WithoutWaits = true;
+    UnloadDrawing();
+    frmDraw.Window.Width = options.Width;
+    frmDraw.Window.Height = options.Height;
+    frmDraw.frControls.Visible = false; // the window then never grows
+    frmDraw_Load();
+    frmDraw.Window.Visible = true;
+    Shared.AutoFitPending = true;
+    frmDraw_Activate();
+    if (options.Scale) {
+        ShowScale(static_cast<float>(*options.Scale));
+        CenterZeroPoint();
+    }
+    if (options.Zero) std::tie(Drawing.ZeroPointX, Drawing.ZeroPointY) = *options.Zero;
+    if (options.Scale || options.Zero) Redraw();
+    DrawSlot.WithoutWaits = false;
+}
+
 Outcome OpenDrawing(const LoadOptions& load, const DrawOptions& options, const std::string& file)
 {
-    if (const auto why = OpenProgram(load, file)) return Failed(file + ": " + *why);
-    if (LineCount() == 0) return Failed(file + ": the program has no lines");
+    if (const auto why = OpenLines(load, file)) return Failed(*why);
     if (Shared.ErrorsPresent && !options.Force) {
         const std::string count = std::to_string(MessagesOfProgram().size());
         return {StatusMessages, "", file + ": not drawn, the program has " + count + " messages"};

@@ -24,7 +24,8 @@ namespace {
 struct Arguments {
     LoadOptions Load;
     std::vector<std::string> Files, Columns;
-    std::string File, Target, Units, Script, Keys;
+    std::string File, Target, Units, Keys;
+    std::optional<std::string> Script;
     bool Json = false;
     int Ports = 1;
     LineOptions Line;
@@ -254,10 +255,10 @@ void AddKeysOptions(CLI::App& command, Arguments& arguments)
 /// can't be read.
 std::optional<std::string> ReadScript(const Arguments& arguments)
 {
-    if (arguments.Script.empty()) return arguments.Keys;
+    if (!arguments.Script) return arguments.Keys;
     std::string script;
     if (arguments.Script != "-") {
-        if (ReadWholeFile(arguments.Script, script)) return std::nullopt;
+        if (ReadWholeFile(*arguments.Script, script)) return std::nullopt;
         return script;
     }
     char buffer[4096];
@@ -319,7 +320,7 @@ constexpr Command Commands[] = {
     {"keys", "type a key script into the program, then print the state", AddKeysOptions,
      [](const Arguments& a) {
          const auto script = ReadScript(a);
-         if (!script) return Failed(a.Script + ": the script can't be read");
+         if (!script) return Failed(*a.Script + ": the script can't be read");
          return TypeKeys(a.Load, a.File, *script, a.Ports, a.Json, WantsColor());
      }},
     {"fingerprint", "print one number that pins the behaviour over all files", AddFiles,

@@ -82,7 +82,7 @@ Fault Unplug(std::string_view)
     return Fine;
 }
 
-constexpr std::pair<std::string_view, Fault (*)(std::string_view rest)> Items[] = {
+constexpr Item Items[] = {
     {"RX", Receive},
     {"LINES", Lines},
     {"PORT", FailPort},
@@ -91,15 +91,7 @@ constexpr std::pair<std::string_view, Fault (*)(std::string_view rest)> Items[] 
 
 } // namespace
 
-bool RunPortItem(std::string_view name, std::string_view rest, Fault& fault)
-{
-    for (const auto& [item, run] : Items) {
-        if (item != name) continue;
-        fault = run(rest);
-        return true;
-    }
-    return false;
-}
+const std::span<const Item> PortItems(Items);
 
 void FinishTransmission()
 {

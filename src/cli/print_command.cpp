@@ -2,11 +2,9 @@
 
 #include "cli/module.h"
 #include "commands/printing.h"
-#include "core/program_list.h"
 #include "core/text.h"
 #include "drawing/picture_file.h"
 #include "drawing/printing.h"
-#include "files/print_job.h"
 #include "platform/files.h"
 
 #include <cstdio>
@@ -80,8 +78,7 @@ Outcome PrintFile(const LoadOptions& load, const PrintOptions& options, const st
         if (const Outcome opened = OpenDrawing(load, options.Draw, file); opened.Status != StatusDone)
             return opened;
     } else {
-        if (const auto why = OpenProgram(load, file)) return Failed(file + ": " + *why);
-        if (LineCount() == 0) return Failed(file + ": the program has no lines");
+        if (const auto why = OpenLines(load, file)) return Failed(*why);
     }
     std::string why;
     PrintPdfRoutine* const paint = LoadPdfPrinter(why);

@@ -3,7 +3,6 @@
 #include "cli/module.h"
 #include "commands/session.h"
 #include "core/main_window.h"
-#include "core/program_list.h"
 #include "editor/run.h"
 #include "platform/files.h"
 #include "serial/receive.h"
@@ -76,8 +75,7 @@ std::string PortTroubleText()
 
 Outcome SendFile(const LoadOptions& load, const LineOptions& line, const std::string& file, bool filter)
 {
-    if (const auto why = OpenProgram(load, file)) return Failed(file + ": " + *why);
-    if (LineCount() == 0) return Failed(file + ": the program has no lines");
+    if (const auto why = OpenLines(load, file)) return Failed(*why);
     RealPort port;
     if (const std::string why = port.Begin(line); !why.empty()) return Failed(why);
 

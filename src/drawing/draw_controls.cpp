@@ -4,6 +4,7 @@
 #include "core/messages.h"
 #include "core/shared_state.h"
 #include "drawing/drawing_state.h"
+#include "drawing/line_figures.h"
 #include "drawing/measure.h"
 #include "drawing/program_window.h"
 #include "drawing/view.h"
@@ -16,6 +17,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -40,10 +42,8 @@ constexpr BoxRow Boxes[] = {
     {&D::chkAutoRedraw, &DrawBoxValues::AutoRedraw, true, true},
 };
 
-bool IsMill()
-{
-    return Shared.Machine == MachineKind::F1;
-}
+/// What the frame leaves free beside and below itself for the window's own border and title, in twips.
+constexpr int RoomBeside = 120, RoomBelow = 880;
 
 /// Keeps the value of a box beyond the window. Each box keeps its own alone, so that those of the other
 /// machine stay as they were chosen there.
@@ -98,8 +98,7 @@ void ArrangeControls()
 {
     Control& frame = frmDraw.frControls;
     if (!Drawing.Minimized && !Drawing.Maximized && frame.Visible) {
-        // Room for the window's own frame and title.
-        const int height = frame.Height + 880, width = frame.Width + 120;
+        const int height = frame.Height + RoomBelow, width = frame.Width + RoomBeside;
         frame.Top = std::max(1, std::min(frame.Top, CanvasHeight() - height));
         frame.Left = std::max(1, std::min(frame.Left, CanvasWidth() - width));
         frame.Left = std::min(frame.Left, std::max(CanvasWidth() - width, 0));
@@ -107,6 +106,23 @@ void ArrangeControls()
         frmDraw.Window.Width = std::max(frmDraw.Window.Width, width);
     }
     ShowBoxesOfMachine();
+}
+
+void PlaceControlsAside()
+{
+    Control& frame = frmDraw.frControls;
+    const int left = frame.Left, top = frame.Top;
+    const int right = CanvasWidth() - frame.Width - RoomBeside;
+    const int bottom = CanvasHeight() - frame.Height - RoomBelow;
+    int least = PlacesIn(left, top, frame.Width, frame.Height);
+    for (const auto& [x, y] : {std::pair{right, top}, {left, bottom}, {right, bottom}}) {
+        const int covered = PlacesIn(x, y, frame.Width, frame.Height);
+        if (covered >= least) continue;
+        least = covered;
+        frame.Left = x;
+        frame.Top = y;
+    }
+    ArrangeControls();
 }
 
 void ShowControlsAt(double x, double y)
@@ -124,7 +140,6 @@ bool frControls_MouseDown(float x, float y)
     EndMeasure();
     Drawing.DragOffsetX = x;
     Drawing.DragOffsetY = y;
-    Drawing.Crosshair = Drawing.PickingZeroPoint; // the choice goes on
     return true;
 }
 
@@ -137,6 +152,19 @@ void frmDraw_DragDrop(float x, float y)
 {
     frmDraw.frControls.Left = static_cast<int>(std::lround(x - Drawing.DragOffsetX));
     frmDraw.frControls.Top = static_cast<int>(std::lround(y - Drawing.DragOffsetY));
+}
+
+void EnablePictureControls(bool enabled)
+{
+    for (Control* control : {&frmDraw.cmdAutoFit, &frmDraw.cmdRedraw, &frmDraw.cmdZeroPoint,
+                             &frmDraw.cmdPrint, &frmDraw.cboScale})
+        control->Enabled = enabled;
+}
+
+void SetDrawControls(bool enabled)
+{
+    EnablePictureControls(enabled);
+    frmDraw.cboRun.Enabled = frmDraw.cmdEditor.Enabled = enabled;
 }
 
 void ShowDrawBoxes()
@@ -315,12 +343,10 @@ void cmdZeroPoint_Click()
 {
     if (Shared.ErrorsPresent) return;
     Drawing.Canvas->ClearCanvas();
-    for (Control* control : {&frmDraw.cmdAutoFit, &frmDraw.cmdRedraw, &frmDraw.cmdZeroPoint,
-                             &frmDraw.cmdPrint, &frmDraw.cboScale})
-        control->Enabled = false;
+    EnablePictureControls(false);
     frmDraw.cmdEditor.Enabled = true;
     if (frmDraw.chkGrid.Value == 1) MakeGrid(Drawing.ZeroPointX, Drawing.ZeroPointY);
-    Drawing.PickingZeroPoint = Drawing.Crosshair = true;
+    Drawing.PickingZeroPoint = true;
 }
 
 void cmdCloseControls_Click()

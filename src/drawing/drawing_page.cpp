@@ -8,9 +8,10 @@
 
 namespace {
 
-/// The texts below the image are set between these sizes.
+/// The texts below the image are set between these sizes in points.
 constexpr double LeastPoints = 6, MostPoints = 12;
-/// Between image and texts, and the ends of the bar, which stand above and below it.
+/// Between image and texts, and the ends of the bar, which stand above and below it, in 1/100 mm as all
+/// lengths.
 constexpr double Gap = 300, BarEnd = 100;
 /// Room for the bar, where the page is no narrower than three times that.
 constexpr double MostBar = 6000;

@@ -131,7 +131,7 @@ void DrawHole(float deltaH)
     constexpr const char* Procedure = "DrawProgram";
     DrawCanvas& canvas = *Drawing.Canvas;
     const double x = canvas.PenX(), y = canvas.PenY();
-    if (Shared.Machine == MachineKind::F1) {
+    if (IsMill()) {
         Attempt(Procedure, [&] { canvas.SetPoint(x, y); });
         return;
     }

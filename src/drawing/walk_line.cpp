@@ -19,11 +19,6 @@ namespace {
 
 constexpr const char* Procedure = "DrawProgram";
 
-bool IsMill()
-{
-    return Shared.Machine == MachineKind::F1;
-}
-
 // Control words.
 
 struct ControlWord {

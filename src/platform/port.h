@@ -31,7 +31,7 @@ struct LineParameters {
 /// Reads a text of line parameters; nothing when it isn't one of those that the program offers.
 std::optional<LineParameters> ReadLineParameters(std::string_view text);
 
-/// Why the port failed. Number is a run-time failure number: 8005 another program holds it, 8018 it isn't
+/// Why the port failed. Number is a run-time failure number: 8005 another program is using it, 8018 it isn't
 /// open or can't be, 70 no permission.
 struct PortFailure {
     int Number = 0;
@@ -50,7 +50,7 @@ inline constexpr std::string_view None = "There is no serial port";
 inline constexpr std::string_view Gone = "%1 is gone: check the cable or the adapter";
 inline constexpr std::string_view Held = "%1 is used by another program";
 inline constexpr std::string_view Forbidden = "no permission: add yourself to the group %1";
-inline constexpr std::string_view Refused = "%1 does not take these settings";
+inline constexpr std::string_view Refused = "%1 does not accept these settings";
 /// %2: why, NoSuchPort or the system's words.
 inline constexpr std::string_view NotOpened = "%1 cannot be opened: %2";
 inline constexpr std::string_view NoSuchPort = "there is no such port";

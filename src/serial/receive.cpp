@@ -49,6 +49,14 @@ void SetText(std::string text)
     box.SelLength = 0;
 }
 
+/// What comes, or is typed, from here on is a text of its own until it turns out to go on with a kept one.
+void EmptyPane()
+{
+    SetText("");
+    Unsaved = false;
+    Beginning.clear();
+}
+
 /// Locks the editor and shows the pane. During a transmission Stop stays in its row.
 void OpenPane()
 {
@@ -58,8 +66,7 @@ void OpenPane()
     for (const auto frame : EditorButtons) (frmMain.*frame).Visible = false;
     frmMain.frCmdEditor3.Visible = Shared.Transmitting;
     frmMain.frCmdRX.Visible = frmMain.frRXcode.Visible = true;
-    SetText("");
-    Unsaved = false;
+    EmptyPane();
     DropFocus(frmMain.txtRX); // the field that was left is not judged
     SetFocus(frmMain.txtRX);
 }
@@ -68,8 +75,8 @@ void TakeCharacters()
 {
     std::string bytes;
     const auto failure = ThePort->Read(bytes);
-    // Old news: they came before the port was closed on purpose.
-    if (bytes.empty() && !ThePort->IsOpen()) return;
+    // No news, or old: they came before the port was closed on purpose.
+    if (bytes.empty() && (!failure || !ThePort->IsOpen())) return;
     const bool opens = !frmMain.frRXcode.Visible;
     if (opens) OpenPane();
     std::erase(bytes, '\0');
@@ -154,7 +161,7 @@ void cmdReceiveSave_Click()
 
 void cmdReceiveNew_Click()
 {
-    if (KeepReceived()) SetText("");
+    if (KeepReceived()) EmptyPane();
 }
 
 void cmdReceiveLast_Click()
@@ -199,17 +206,21 @@ void ForgetReceived()
     if (const std::string kept = KeptFile(); FileExists(kept) && Beginning.empty()) RemoveFile(kept);
 }
 
+std::optional<FileFailure> WriteReceived()
+{
+    if (!Unsaved || KeptFile().empty()) return std::nullopt;
+    auto failure = ReplaceFile(KeptFile(), Beginning + ToCodePage(frmMain.txtRX.Text));
+    if (!failure) Unsaved = false;
+    return failure;
+}
+
 bool KeepReceived()
 {
-    if (!Unsaved || KeptFile().empty()) return true;
-    const auto failure = ReplaceFile(KeptFile(), Beginning + ToCodePage(frmMain.txtRX.Text));
-    if (!failure) {
-        Unsaved = false;
-        return true;
-    }
+    const auto failure = WriteReceived();
+    if (!failure) return true;
     NoteFailure(failure->Number, "cmdReceiveExit_Click");
     const std::string unsaved = Tr("%1 could not be saved: %2", {KeptFile(), Tr(failure->Reason)});
-    const MessageBox box{unsaved + "\r\n\r\n" + Tr("Go on without it?"), "", Buttons::YesNo,
+    const MessageBox box{unsaved + "\r\n\r\n" + Tr("Continue without it?"), "", Buttons::YesNo,
                          Icon::Exclamation};
     return ThePlatform->Show(box) == Answer::Yes;
 }
@@ -232,7 +243,7 @@ std::string ReceptionText()
         before = c;
     }
     if (!text.empty() && before != '\r' && before != '\n') ++lines;
-    return Tr("%1 lines received", {std::to_string(lines)});
+    return lines == 1 ? Tr("1 line received") : Tr("%1 lines received", {std::to_string(lines)});
 }
 
 void ShowReception()

@@ -107,6 +107,12 @@ void ShowPort()
     }
 }
 
+void OpenEnabledPort(std::string_view procedure)
+{
+    if (!Shared.ComEnabled || ThePort->IsOpen()) return;
+    if (const auto failure = ThePort->Open()) PortTrouble(*failure, procedure);
+}
+
 void SelectPort(int index, std::string_view procedure)
 {
     if (Shared.Transmitting) { // the program that goes out stays on its port
@@ -119,8 +125,7 @@ void SelectPort(int index, std::string_view procedure)
     if (ThePort->IsOpen()) ThePort->Close();
     ThePort->Select(Shared.Port);
     MakeComSettings();
-    if (!Shared.ComEnabled) return;
-    if (const auto failure = ThePort->Open()) PortTrouble(*failure, procedure);
+    OpenEnabledPort(procedure);
 }
 
 void MakeStandard(const Side& side)
@@ -151,11 +156,8 @@ void BeginCommunication()
         frmMain.chkEnableCom.Value = 0;
         chkEnableCom_click();
     }
-    if (!Shared.ComEnabled) {
-        if (ThePort->IsOpen()) ThePort->Close();
-    } else if (!ThePort->IsOpen()) {
-        if (const auto failure = ThePort->Open()) PortTrouble(*failure, "Form_Load");
-    }
+    if (!Shared.ComEnabled && ThePort->IsOpen()) ThePort->Close();
+    OpenEnabledPort("Form_Load");
 }
 
 void RefreshPorts()
@@ -179,8 +181,7 @@ void tabSettings_Click()
 
 void LeaveSettings()
 {
-    if (!Shared.ComEnabled || ThePort->IsOpen()) return;
-    if (const auto failure = ThePort->Open()) PortTrouble(*failure, "mnuSettingsShow_Click");
+    OpenEnabledPort("mnuSettingsShow_Click");
 }
 
 void chkEnableCom_click()

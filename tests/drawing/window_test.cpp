@@ -135,7 +135,7 @@ TEST(DrawWindow, ReadoutAndMeasuring)
     EXPECT_FALSE(Drawing.MeasureStarted);
 
     for (const auto& [typed, clean] :
-         {std::pair("12-3", "123"), {"-12-3", "-123"}, {"-", "0"}, {"", "0"}, {"007", "7"}, {"--5", "-5"}})
+         {std::pair("12-3", "123"), {"-12-3", "-123"}, {"-", "0"}, {"", "0"}, {"007", "7"}, {"9e999", "0"}})
         EXPECT_EQ(CleanMeasureText(typed), clean) << typed;
 }
 
@@ -168,10 +168,35 @@ TEST(DrawWindow, EscapeLeavesWhatGoesOn)
         const int figures = Picture.FigureCount();
         RunKeyScript(test.Script);
         EXPECT_EQ(Picture.FigureCount(), figures + static_cast<int>(test.Marks)) << test.Name;
-        EXPECT_FALSE(Drawing.MeasureStarted || Drawing.PickingZeroPoint || Drawing.Crosshair) << test.Name;
+        EXPECT_FALSE(Drawing.IsPicking()) << test.Name;
         EXPECT_TRUE(frmDraw.frView.Visible && frmDraw.cmdRedraw.Enabled) << test.Name;
         EXPECT_EQ(Drawing.ZeroPointX, 1000) << test.Name;
         EXPECT_TRUE(frmDraw.Window.Visible) << test.Name;
+    }
+}
+
+TEST(DrawWindow, OpensWithItsFrameInTheCornerThatIsFreest)
+{
+    struct Case {
+        const char *Name, *Machine, *Program;
+        std::pair<int, int> Corner;
+    };
+    const Case cases[] = {
+        {"rising to the right", "MK4", "G00 X-500 Z500", {120, 120}},
+        {"falling to the right", "MK4", "G00 X500 Z500", {6930, 120}},
+        {"all but the lower left", "MK4", "G00 X0 Z500 / G00 X500 Z500 / G00 X0 Z0", {120, 4370}},
+        {"an arc around the lower right", "F1", "G00 X0 Y0 Z0 / G02 X1000 Y1000 Z0 F50", {6930, 4370}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.Name);
+        LoadOptions options;
+        options.Machine = c.Machine;
+        BeginProgram(options);
+        Enter("G90 / " + std::string(c.Program) + " / M30");
+        RunKeyScript("{TICK}{MENU mnuDraw}");
+        EXPECT_EQ(std::pair(frmDraw.frControls.Left, frmDraw.frControls.Top), c.Corner);
+        RunKeyScript("{DRAG frControls 300 200}{MENU mnuDraw}");
+        EXPECT_EQ(std::pair(frmDraw.frControls.Left, frmDraw.frControls.Top), std::pair(300, 200));
     }
 }
 

@@ -172,7 +172,7 @@ const Case Sending[] = {
     {"behind the last line there is nothing to stop", COM "{MENU mnuTX}{LINES 5}{CLICK cmdStop}", "last sent",
      "   M\\r\\n"},
     {"a stopped program is not called sent", COM "{MENU mnuTX}{LINES 1}{CLICK cmdStop}", "lblTransfer",
-     "The program was sent in part only: 2 of 6 lines sent"},
+     "Only part of the program was sent: 2 of 6 lines sent"},
     {"a whole one is", COM "{MENU mnuTX}", "lblTransfer", "6 of 6 lines sent"},
     {"as long as it is there", COM "{MENU mnuTX}{LINES 6}{MENU mnuNew}", "lblTransfer", ""},
     {"the selection comes back", COM "{ROW 2}{MENU mnuTX}", "selected", "2"},
@@ -183,7 +183,7 @@ const Case Sending[] = {
     {"nothing goes on behind it", COM "{MENU mnuTX}{LINES 1}{UNPLUG}{LINES 9}", "last sent",
      "    N` G`   X `    Z `  F`  H \\r\\n"},
     {"nor is it called sent", COM "{MENU mnuTX}{LINES 1}{UNPLUG}", "lblTransfer",
-     "The program was sent in part only: 1 of 6 lines sent"},
+     "Only part of the program was sent: 1 of 6 lines sent"},
     {"a write that fails ends it", COM "{MENU mnuTX}{PORT FAIL 8018}{LINES 1}", "messages",
      "8018  Port not open in mnuTX_Click|"},
     {"also with a number of another kind", COM "{MENU mnuTX}{PORT FAIL 57}{LINES 1}", "com", "no 0"},
@@ -324,15 +324,14 @@ TEST_F(Transmission, LeavesStopInReachBesideAReception)
     AfterEvent();
     EXPECT_TRUE(frmMain.frRXcode.Visible);
     EXPECT_TRUE(IsUsable(frmMain.cmdStop));
-    EXPECT_TRUE(Look("lblTransfer").starts_with("1 lines received; 0 of 6 lines sent"))
-        << Look("lblTransfer");
+    EXPECT_TRUE(Look("lblTransfer").starts_with("1 line received; 0 of 6 lines sent")) << Look("lblTransfer");
     for (int i = 0; i < 6; ++i) LineLeaves();
     EXPECT_FALSE(IsUsable(frmMain.cmdStop));
-    EXPECT_EQ(Look("lblTransfer"), "1 lines received; 6 of 6 lines sent");
+    EXPECT_EQ(Look("lblTransfer"), "1 line received; 6 of 6 lines sent");
     RunKeyScript("{CLICK cmdReceiveExit}");
     EXPECT_EQ(Look("lblTransfer"), "6 of 6 lines sent");
     RunKeyScript("{RX abc}");
-    EXPECT_EQ(Look("lblTransfer"), "1 lines received");
+    EXPECT_EQ(Look("lblTransfer"), "1 line received");
     EXPECT_EQ(Look("locked"), "yes");
 }
 
@@ -421,6 +420,8 @@ TEST(Serial, AStreamThatGoesOnIsKeptWhole)
     RunKeyScript(COM
                  "{RX abc}{CLICK cmdReceiveExit}{RX def}{CLICK cmdReceiveNew}{RX g}{CLICK cmdReceiveExit}");
     EXPECT_EQ(Look("file Receive.txt"), "abcdefg");
+    RunKeyScript("{MENU mnuRX}{TEXT txtRX x}{CLICK cmdReceiveExit}");
+    EXPECT_EQ(Look("file Receive.txt"), "x") << "typed: no part of the stream";
 }
 
 } // namespace

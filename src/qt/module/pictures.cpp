@@ -18,8 +18,7 @@ void BeginPainting()
     static char* arguments[] = {name, nullptr};
     qputenv("QT_QPA_PLATFORM", "offscreen");
     static QGuiApplication application(count, arguments);
-    std::setlocale(LC_NUMERIC,
-                   "C"); // the toolkit has taken over the user's; numbers of programs have a point
+    std::setlocale(LC_NUMERIC, "C"); // the toolkit's is the user's; numbers of programs have a point
 }
 
 } // namespace
