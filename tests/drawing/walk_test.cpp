@@ -5,6 +5,7 @@
 #include "core/draw_window.h"
 #include "core/program_list.h"
 #include "drawing/drawing_state.h"
+#include "drawing/line_figures.h"
 #include "support/figures.h"
 #include "support/program.h"
 
@@ -29,6 +30,8 @@ template <size_t count> void DrawAll(const Drawn (&cases)[count])
         Draw(c.Profile, c.Lines, {c.Boxes, c.Scale});
         EXPECT_EQ(Figures(), c.Figures) << c.Name;
         EXPECT_FALSE(Drawing.DrawingNow) << c.Name;
+        Redraw();
+        EXPECT_EQ(Figures(), c.Figures) << c.Name << ", again: a walk begins anew";
     }
 }
 
@@ -239,6 +242,26 @@ TEST(Walk, FollowsTheFlow)
     EXPECT_EQ(CountOf("line"), 500000);
 }
 
+TEST(Walk, AFigureIsFoundByItsPlace)
+{
+    const struct {
+        const char *Name, *Lines;
+        double X, Y;
+        int Line;
+    } cases[] = {
+        {"the last of two", "G00 X500 Z0 / G00 X-300 Z0", 0, 350, 2},
+        {"on an arc", "G00 X0 Z1 / G02 X500 Z500 F50", 147, 354, 2},
+        {"through angle 0", "G02 X-500 Z-500 F50", -146, -354, 1},
+        {"where the circle goes on", "G02 X500 Z500 F50", 500, -500, 0},
+        {"the far side of a box", "G84 X200 Z300 F50", 300, 100, 1},
+        {"the zero point's marks", "G21", 0, 2000, 0},
+    };
+    for (const auto& c : cases) {
+        Draw("MK4 mm", c.Lines);
+        EXPECT_EQ(LineAt(Drawing.ZeroPointX + c.X, Drawing.ZeroPointY + c.Y, 20), c.Line) << c.Name;
+    }
+}
+
 TEST(Walk, WaitsWhereTheProgramSaysSo)
 {
     Draw("MK4 mm", "G00 X1 Z0 / G00 X1 Z0;cmdSTEP / G00 X1 Z0;cmdRUN / G00 X1 Z0");
@@ -272,6 +295,9 @@ TEST(Walk, WaitsWhereTheProgramSaysSo)
     cmdAbort_Click();
     ResumeDrawing();
     EXPECT_EQ(Figures(), "red 10,-10>790,-10>790,-190>10,-190>10,-380>790,-380; @790,-380");
+    lvCncProgram.Row(1)[CellComment] = "cmdRUN"; // no tick comes any more
+    Redraw();
+    EXPECT_FALSE(Drawing.DrawingNow);
 }
 
 } // namespace

@@ -131,6 +131,7 @@ TEST(DrawWindow, ReadoutAndMeasuring)
     const size_t before = Picture.Operations().size();
     RunKeyScript("{CANVAS 5000 5000}");
     EXPECT_GT(Picture.Operations().size(), before);
+    EXPECT_EQ(Lines(), 5U) << "they belong to no line";
     EXPECT_TRUE(frmDraw.cboScale.Enabled);
     EXPECT_FALSE(Drawing.MeasureStarted);
 
