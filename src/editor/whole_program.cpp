@@ -19,6 +19,8 @@
 #include "ui/profile_controls.h"
 #include "ui/text_box.h"
 
+#include <algorithm>
+
 namespace {
 
 /// One unit of a program in inch (1/1000 inch) in units of a metric one (1/100 mm).
@@ -158,6 +160,10 @@ void txtFileNotes_GotFocus(Control& notes)
 void txtFileNotes_Change()
 {
     Shared.Changed = true;
+    Control& notes = frmMain.txtFileNotes;
+    const std::string_view front = FirstCharacters(notes.Text, static_cast<size_t>(notes.SelStart));
+    notes.SelStart -= static_cast<int>(std::count(front.begin(), front.end(), '%'));
+    if (std::erase(notes.Text, '%') > 0) notes.ToolTip = TextOf(Messages::NoPercent);
 }
 
 char txtFileNotes_Keypress(Control& notes, char typed)

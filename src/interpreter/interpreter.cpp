@@ -129,15 +129,9 @@ void FindPlane(const Pass& pass)
 void SetRegister(Pass& pass)
 {
     Shared.AbsoluteMode = true;
-    if (Shared.Machine == MachineKind::F1) {
-        pass.XScale = 0.5F;
-        Shared.RadiusMode = true;
-        pass.Tool = pass.Values;
-        return;
-    }
-    pass.XScale = Shared.RadiusMode ? 1 : 0.5F;
-    pass.Tool.X = Shared.RadiusMode ? pass.Values.X : pass.Values.X / 2;
-    pass.Tool.Z = pass.Values.Z;
+    pass.XScale = 0.5F; // 1 again behind this line in radius mode, which the mill never leaves
+    pass.Tool = pass.Values;
+    if (!Shared.RadiusMode) pass.Tool.X /= 2;
 }
 
 /// G25: the walk goes on at the target and comes back behind the call.
@@ -383,14 +377,14 @@ void WalkOn(Pass& pass)
 
 } // namespace
 
-void Report(Pass& pass, ProgramLine& row, const std::string& text)
+void Report(const Pass& pass, ProgramLine& row, const std::string& text)
 {
     row[CellError] = text;
     Shared.LastErrorIndex = pass.LineIndex;
     ShowErrorColumn(pass.LineIndex - 1);
 }
 
-Walk ReportAndEnd(Pass& pass, ProgramLine& row, const Message& message)
+Walk ReportAndEnd(const Pass& pass, ProgramLine& row, const Message& message)
 {
     Report(pass, row, TextOf(message));
     return Walk::End;

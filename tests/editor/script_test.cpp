@@ -23,8 +23,8 @@ Control* ControlOf(const std::string& name)
 }
 
 /// What a case looks at: "row 3" (cells 1 to 7 without their blanks, a bar, the comment), "error 3", "focus",
-/// "selected", "lines", "top", "changed", "ended", "messages" (texts joined by bars), "titles", "tip NAME",
-/// "limits NAME", "label NAME" and "value NAME", "visible NAME", "usable NAME".
+/// "selected", "lines", "changed", "ended", "messages" (texts joined by bars), "tip NAME", "limits NAME",
+/// "value NAME", "visible NAME", "usable NAME", or a control's name for its text.
 std::string Look(const std::string& what)
 {
     const std::string name = what.substr(std::min(what.find(' ') + 1, what.size()));
@@ -191,6 +191,7 @@ const Case Lines[] = {
      "02{ENTER}500{ENTER}-200{ENTER}50{ENTER}{ENTER}-99R{ENTER}600{ENTER}{ENTER}", "row 2",
      "01 M99 I449 K397 |"},
     {"no % in the notes", "MK4", "{CLICK txtFileNotes}a%b", "txtFileNotes", "ab"},
+    {"nor a pasted one", "MK4", "{TEXT txtFileNotes 50% %}", "txtFileNotes", "50 "},
     {"deleting all comments counts as a change", "MK4", "21{ENTER}cmdWRONG{ENTER}{MENU mnuDelComments}",
      "error 1", "               "},
     {"a conversion takes the entry along", "MK4",
@@ -213,6 +214,8 @@ const Case RunAndLeave[] = {
      "selected", "2"},
     {"and stays locked", "MK4", RAPID "M30{ENTER}{ENTER}{ALT-R}{ALT-S}{ALT-S}", "usable txtComment", "no"},
     {"until Stop", "MK4", RAPID "M30{ENTER}{ENTER}{ALT-R}{ALT-S}{CLICK cmdStop}", "usable txtComment", "yes"},
+    {"a walk that was stopped doesn't go on", "MK4",
+     RAPID RAPID "{ALT-R}{ALT-S}{CLICK cmdStop}{SELECT 1}{ALT-S}", "selected", "1"},
     {"rows don't change under a walk", "MK4", RAPID RAPID "{ALT-R}{ESC}{DELETE}{INSERT}", "lines", "2"},
     {"the list says why", "MK4", RAPID "{ALT-R}{ESC}{DELETE}", "tip lvCncProgram",
      "The program is being stepped through: press Stop first"},
