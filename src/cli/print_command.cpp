@@ -2,6 +2,7 @@
 
 #include "cli/module.h"
 #include "commands/printing.h"
+#include "core/numbers.h"
 #include "core/program_list.h"
 #include "core/text.h"
 #include "drawing/picture_file.h"
@@ -9,7 +10,6 @@
 #include "files/print_job.h"
 #include "platform/files.h"
 
-#include <cstdio>
 #include <ctime>
 
 namespace {
@@ -88,10 +88,8 @@ Outcome PrintFile(const LoadOptions& load, const PrintOptions& options, const st
     if (paint == nullptr) return Failed(why);
 
     Console.Clock = LocalTime(); // the date stands on the paper
-    char size[32];
-    std::snprintf(size, sizeof size, "%g", options.FontSize);
     Shared.FontName = options.FontName;
-    Shared.FontSize = size;
+    Shared.FontSize = PlainNumber(options.FontSize);
     Console.Boxes.clear();
     PdfFiles printer(target, options.Copies, paint);
     const InPlaceOfPrinter meanwhile(printer);

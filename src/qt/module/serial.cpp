@@ -6,7 +6,6 @@
 #include <QCoreApplication>
 #include <QSocketNotifier>
 
-#include <clocale>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
@@ -68,8 +67,5 @@ extern "C" __attribute__((visibility("default"))) PortSession* BrixleyPortSessio
 {
     // There is nobody to hear the toolkit's remarks: what fails is told by the program.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    auto* const session = new Session(device);
-    std::setlocale(LC_NUMERIC,
-                   "C"); // the toolkit has taken over the user's; numbers of programs have a point
-    return session;
+    return new Session(device);
 }
