@@ -12,6 +12,7 @@
 #include "platform/files.h"
 #include "ui/choice.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -70,11 +71,13 @@ bool ReadCanvasSize(const std::string& text, DrawOptions& options)
 
 bool ReadZeroPoint(const std::string& text, DrawOptions& options)
 {
+    const char* const end = text.data() + text.size();
     double x = 0, y = 0;
-    int read = 0;
-    const bool isPoint = std::sscanf(text.c_str(), "%lf,%lf%n", &x, &y, &read) == 2 &&
-                         static_cast<size_t>(read) == text.size() && std::abs(x) <= MostTwips &&
-                         std::abs(y) <= MostTwips;
+    const auto first = std::from_chars(text.data(), end, x);
+    if (first.ec != std::errc() || first.ptr == end || *first.ptr != ',') return false;
+    const auto second = std::from_chars(first.ptr + 1, end, y);
+    const bool isPoint =
+        second.ec == std::errc() && second.ptr == end && std::abs(x) <= MostTwips && std::abs(y) <= MostTwips;
     if (isPoint) options.Zero = {x, y};
     return isPoint;
 }

@@ -56,7 +56,10 @@ std::optional<std::string> BeginProgram(const LoadOptions& options, const std::s
 {
     Console = {};
     Console.DataFolder = dataFolder;
-    Console.OtherFolder = options.Settings;
+    // Paths in it are kept from run to run, whatever the current folder then is.
+    if (!options.Settings.empty())
+        Console.OtherFolder =
+            std::filesystem::path(AbsolutePath(options.Settings + "/")).parent_path().string();
     Console.Port.Count = ports;
     ThePlatform = &Console;
     ThePort = &Console.Port;

@@ -2,12 +2,12 @@
 
 #include "cli/module.h"
 #include "commands/printing.h"
+#include "core/numbers.h"
 #include "core/text.h"
 #include "drawing/picture_file.h"
 #include "drawing/printing.h"
 #include "platform/files.h"
 
-#include <cstdio>
 #include <ctime>
 
 namespace {
@@ -85,10 +85,8 @@ Outcome PrintFile(const LoadOptions& load, const PrintOptions& options, const st
     if (paint == nullptr) return Failed(why);
 
     Console.Clock = LocalTime(); // the date stands on the paper
-    char size[32];
-    std::snprintf(size, sizeof size, "%g", options.FontSize);
     Shared.FontName = options.FontName;
-    Shared.FontSize = size;
+    Shared.FontSize = PlainNumber(options.FontSize);
     Console.Boxes.clear();
     PdfFiles printer(target, options.Copies, paint);
     const InPlaceOfPrinter meanwhile(printer);

@@ -85,8 +85,9 @@ constexpr NameRow Names[] = {
     {"lblPPLines", "Number of lines", "How many lines the program has"},
     {"lblPPLinesExeTXT", "", "How many lines the machine runs, repeats counted"},
     {"lblPPLinesExe", "Lines executed", "How many lines the machine runs, repeats counted"},
-    {"lblPPMachineTimeTXT", "", "How long the machine takes; of the cycles only G73 counts"},
-    {"lblPPMachineTime", "Machine time", "How long the machine takes; of the cycles only G73 counts"},
+    {"lblPPMachineTimeTXT", "", "How long moves, dwells and G73 take; other cycles and threads don't count"},
+    {"lblPPMachineTime", "Machine time",
+     "How long moves, dwells and G73 take; other cycles and threads don't count"},
 
     // Code lists and notes
     {"lstMK2Gcodes", "G codes", "Click a code to put it into the entry"},

@@ -6,6 +6,8 @@
 
 #include "platform/files.h"
 
+#include "platform/failure_numbers.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <climits>
@@ -41,10 +43,10 @@ namespace {
 
 enum class Doing { Reading, Writing };
 
-constexpr int NotFound = 53;
-constexpr int DiskFull = 61;
-constexpr int Denied = 70;
-constexpr int NoAccess = 75;
+constexpr int NotFound = Failures::FileNotFound;
+constexpr int DiskFull = Failures::DiskFull;
+constexpr int Denied = Failures::PermissionDenied;
+constexpr int NoAccess = Failures::PathAccess;
 
 // Causes that no errno names. Below 0, where errno never is.
 constexpr int NotRegular = -1;
@@ -451,10 +453,10 @@ bool IsSameFile(const std::string& one, const std::string& other)
 std::vector<std::string> FilesIn(const std::string& folder, const std::string& ending)
 {
     std::vector<std::string> files;
-    std::error_code failed;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, failed)) {
-        const std::string name = entry.path().filename().string();
-        if (name.ends_with(ending) && FileExists(entry.path().string())) files.push_back(name);
+    std::error_code failed; // a loop over the range would throw where the disk fails on the way
+    for (std::filesystem::directory_iterator at(folder, failed), end; at != end; at.increment(failed)) {
+        const std::string name = at->path().filename().string();
+        if (name.ends_with(ending) && FileExists(at->path().string())) files.push_back(name);
     }
     std::sort(files.begin(), files.end());
     return files;
@@ -464,12 +466,11 @@ std::string FindFile(const std::string& folder, const std::string& name)
 {
     const std::string path = folder + "/" + name;
     if (FileExists(path)) return path;
-    const auto sameLetter = [](char a, char b) { return (a | 0x20) == (b | 0x20); };
-    std::error_code failed;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, failed)) {
-        const std::string found = entry.path().filename().string();
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? c | 0x20 : c; };
+    const auto sameLetter = [&](char a, char b) { return lower(a) == lower(b); };
+    for (const std::string& found : FilesIn(folder, "")) {
         if (std::equal(found.begin(), found.end(), name.begin(), name.end(), sameLetter))
-            return entry.path().string();
+            return folder + "/" + found;
     }
     return path;
 }

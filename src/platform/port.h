@@ -7,6 +7,8 @@
 
 #pragma once
 
+#include "platform/line_parameters.h"
+
 #include <chrono>
 #include <functional>
 #include <optional>
@@ -16,20 +18,6 @@
 
 /// The most ports that can be chosen from.
 constexpr int MaxPorts = 4;
-
-/// The line parameters as numbers. Texts of them look like "300,N,8,1": baud rate, parity N, E or O, data
-/// bits, stop bits.
-struct LineParameters {
-    int Baud = 300;
-    char Parity = 'N';
-    int DataBits = 8, StopBits = 1;
-
-    /// What the line takes for one character, in seconds: its bits, a start bit and, unless N, a parity bit.
-    double CharacterTime() const;
-};
-
-/// Reads a text of line parameters; nothing when it isn't one of those that the program offers.
-std::optional<LineParameters> ReadLineParameters(std::string_view text);
 
 /// Why the port failed. Number is a run-time failure number: 8005 another program is using it, 8018 it isn't
 /// open or can't be, 70 no permission.
