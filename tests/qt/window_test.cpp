@@ -345,14 +345,6 @@ TEST_F(Window, AWindowThatIsTooSmallComesBack)
     EXPECT_GE(Main->height(), 581);
 }
 
-int main(int argc, char** argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    testing::InitGoogleTest(&argc, argv);
-    QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}
-
 TEST_F(Window, HelpGoesToItsPlaceFollowsLinksAndFinds)
 {
     auto& page = *Events.Widgets.As<QTextBrowser>(frmMain.rtfGcodeHelpMK4);
@@ -418,4 +410,12 @@ TEST_F(Window, AClickAnywhereOnAboutShowsTheVersions)
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, empty);
     EXPECT_FALSE(list.isVisible());
     EXPECT_TRUE(WidgetOf(frmMain.rtfAbout)->isVisible());
+}
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
 }
