@@ -109,6 +109,7 @@ const Case Entry[] = {
     {"[UP] goes to the list", "MK4", "01{ENTER}{UP}", "focus", "lvCncProgram"},
     {"[RIGHT] with all selected goes on", "MK4", "01{ENTER}{RIGHT}", "focus", "txtZK"},
     {"[RIGHT] in the text moves the caret", "MK4", "01{ENTER}5{RIGHT}", "focus", "txtXI"},
+    {"[LEFT] in the text does too", "MK4", "01{ENTER}{ENTER}-5{LEFT}", "focus", "txtZK"},
     {"[LEFT] at the start goes back", "MK4", "01{ENTER}{ENTER}{LEFT}", "focus", "txtXI"},
     {"letters can't be typed into a field", "MK4", "01{ENTER}1x2y.", "txtXI", "12"},
     {"the preset key moves on", "MK4", "01{ENTER}{ENTER}{ENTER}B", "focus", "txtComment"},
@@ -122,6 +123,9 @@ const Case Entry[] = {
      "12345678901234567890123456789012345678901234"},
     {"the mill proposes the depth of the hole before", "F1",
      "81{ENTER}-500{ENTER}60{ENTER}{ENTER}21{ENTER}{ENTER}82{ENTER}{ENTER}", "txtZK", "-500"},
+    {"or of its own row", "F1",
+     "81{ENTER}-500{ENTER}60{ENTER}{ENTER}82{ENTER}-700{ENTER}{ENTER}{ENTER}{ROW 2}{ENTER}", "txtZK",
+     "-  700"},
     {"a line that no walk has reached keeps its Z", "F1",
      "90{ENTER}{ENTER}M17{ENTER}{ENTER}G01{ENTER}1{ENTER}0{ENTER}-500{ENTER}60{ENTER}{ENTER}"
      "{ROW 3}{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}",
