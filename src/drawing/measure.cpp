@@ -234,7 +234,7 @@ void frmDraw_MouseDown(double x, double y)
 
 bool frmDraw_DblClick(double x, double y)
 {
-    constexpr double Near = 90; // 6 pixels
+    constexpr double Near = 6 * TwipsPerPixel;
     const int line = LineAt(x, y, Near);
     if (line == 0 || line > lvCncProgram.RowCount()) return false;
     TakeBackPoint();

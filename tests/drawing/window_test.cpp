@@ -126,11 +126,14 @@ TEST(DrawWindow, ReadoutAndMeasuring)
     EXPECT_EQ(frmDraw.txtMeasureX1.Text, "123");
     EXPECT_EQ(Focused(), &frmDraw.txtMeasureX2);
     EXPECT_EQ(frmDraw.lblMeasureDeltaX.Text, "477");
+    RunKeyScript("{UP}{LEFT}5{LEFT}{RIGHT}{LEFT},{RIGHT}"); // arrows leave a box at its ends alone
+    EXPECT_EQ(Focused(), &frmDraw.txtMeasureZ1);
 
     // The third click takes the marks away again: each is drawn twice.
     const size_t before = Picture.Operations().size();
     RunKeyScript("{CANVAS 5000 5000}");
     EXPECT_GT(Picture.Operations().size(), before);
+    EXPECT_EQ(Lines(), 5U) << "they belong to no line";
     EXPECT_TRUE(frmDraw.cboScale.Enabled);
     EXPECT_FALSE(Drawing.MeasureStarted);
 
