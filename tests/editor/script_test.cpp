@@ -202,6 +202,7 @@ const Case Lines[] = {
      "01{ENTER}1000{ENTER}-2000{ENTER}200{ENTER}{ENTER}{SELECT 1}{ENTER}{MENU mnuMMtoINCH}{FOCUS "
      "txtComment}{ENTER}",
      "row 1", "00 01 394 -787 79 |"},
+    {"and its limits", "MK4", RAPID "{MENU mnuMMtoINCH}", "limits txtXI", "-1999TO1999"},
     {"and what is proposed for the next line", "MK4",
      "01{ENTER}1000{ENTER}-2000{ENTER}200{ENTER}{ENTER}{MENU mnuMMtoINCH}{FOCUS txtGMcode}"
      "01{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}",
@@ -234,6 +235,8 @@ const Case RunAndLeave[] = {
     {"and a field left for one is still judged later", "MK4",
      RAPID "01{ENTER}9999{F1}{DISK FULL}{FILE x.cnc}{CLOSE frmMain}{DISK OK}{CLICK txtComment}{ENTER}",
      "focus", "txtXI"},
+    {"a code left for one shows its fields first", "MK4", "33{F1}{F1}{CLICK txtComment}{ENTER}", "focus",
+     "txtZK"},
     {"an unchanged program is left at once", "MK4", "{MENU mnuExit}", "messages", ""},
     {"the refused machine comes back", "MK4", RAPID "{ANSWER No}{MACHINE F1}", "value optSettingsMK4", "1"},
     {"help is a toggle", "MK4", "{F1}{F1}", "visible rtfHelp", "no"},

@@ -6,6 +6,7 @@
 #include "core/main_window.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
+#include "editor/lines.h"
 #include "support/program.h"
 
 #include <gtest/gtest.h>
@@ -179,6 +180,9 @@ TEST(Flow, TheLineLimit)
         Start(c.Profile);
         Enter(c.Lines);
         EXPECT_EQ(MessageList(), c.Messages) << c.Profile << " " << c.Lines;
+        const int lines = LineCount();
+        LineInsert(); // is refused at the limit
+        EXPECT_EQ(LineCount(), lines) << c.Profile << " " << c.Lines;
     }
 }
 
