@@ -109,6 +109,7 @@ const Case Entry[] = {
     {"[UP] goes to the list", "MK4", "01{ENTER}{UP}", "focus", "lvCncProgram"},
     {"[RIGHT] with all selected goes on", "MK4", "01{ENTER}{RIGHT}", "focus", "txtZK"},
     {"[RIGHT] in the text moves the caret", "MK4", "01{ENTER}5{RIGHT}", "focus", "txtXI"},
+    {"[LEFT] in the text does too", "MK4", "01{ENTER}{ENTER}-5{LEFT}", "focus", "txtZK"},
     {"[LEFT] at the start goes back", "MK4", "01{ENTER}{ENTER}{LEFT}", "focus", "txtXI"},
     {"letters can't be typed into a field", "MK4", "01{ENTER}1x2y.", "txtXI", "12"},
     {"the preset key moves on", "MK4", "01{ENTER}{ENTER}{ENTER}B", "focus", "txtComment"},
@@ -122,6 +123,9 @@ const Case Entry[] = {
      "12345678901234567890123456789012345678901234"},
     {"the mill proposes the depth of the hole before", "F1",
      "81{ENTER}-500{ENTER}60{ENTER}{ENTER}21{ENTER}{ENTER}82{ENTER}{ENTER}", "txtZK", "-500"},
+    {"or of its own row", "F1",
+     "81{ENTER}-500{ENTER}60{ENTER}{ENTER}82{ENTER}-700{ENTER}{ENTER}{ENTER}{ROW 2}{ENTER}", "txtZK",
+     "-  700"},
     {"a line that no walk has reached keeps its Z", "F1",
      "90{ENTER}{ENTER}M17{ENTER}{ENTER}G01{ENTER}1{ENTER}0{ENTER}-500{ENTER}60{ENTER}{ENTER}"
      "{ROW 3}{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}",
@@ -198,6 +202,7 @@ const Case Lines[] = {
      "01{ENTER}1000{ENTER}-2000{ENTER}200{ENTER}{ENTER}{SELECT 1}{ENTER}{MENU mnuMMtoINCH}{FOCUS "
      "txtComment}{ENTER}",
      "row 1", "00 01 394 -787 79 |"},
+    {"and its limits", "MK4", RAPID "{MENU mnuMMtoINCH}", "limits txtXI", "-1999TO1999"},
     {"and what is proposed for the next line", "MK4",
      "01{ENTER}1000{ENTER}-2000{ENTER}200{ENTER}{ENTER}{MENU mnuMMtoINCH}{FOCUS txtGMcode}"
      "01{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}",
@@ -230,6 +235,8 @@ const Case RunAndLeave[] = {
     {"and a field left for one is still judged later", "MK4",
      RAPID "01{ENTER}9999{F1}{DISK FULL}{FILE x.cnc}{CLOSE frmMain}{DISK OK}{CLICK txtComment}{ENTER}",
      "focus", "txtXI"},
+    {"a code left for one shows its fields first", "MK4", "33{F1}{F1}{CLICK txtComment}{ENTER}", "focus",
+     "txtZK"},
     {"an unchanged program is left at once", "MK4", "{MENU mnuExit}", "messages", ""},
     {"the refused machine comes back", "MK4", RAPID "{ANSWER No}{MACHINE F1}", "value optSettingsMK4", "1"},
     {"help is a toggle", "MK4", "{F1}{F1}", "visible rtfHelp", "no"},
