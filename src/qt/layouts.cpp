@@ -379,4 +379,5 @@ void LayOutPanes(ControlWidgets& widgets)
     LayOutSettings(widgets);
     LayOutSerialLine(widgets);
     AlignRight(widgets, {&frmMain.lblHint, &frmMain.lblTransfer});
+    MakeSmaller(widgets.Of(frmMain.lblTransfer)); // beside a reception its row is just long enough
 }

@@ -27,6 +27,11 @@ bool HasMessage(const ProgramLine& row)
     return row[CellError].find_first_not_of(' ') != std::string::npos;
 }
 
+bool IsSame(const ProgramLine& one, const ProgramLine& other)
+{
+    return one.Cells == other.Cells && one.Color == other.Color;
+}
+
 QColor ColorOf(const ProgramLine& row, size_t cell, const QPalette& palette, const QColor& paper)
 {
     const QColor text = palette.color(QPalette::Active, QPalette::Text);
@@ -152,14 +157,13 @@ QVariant ProgramListModel::headerData(int section, Qt::Orientation orientation, 
     }
 }
 
-void ProgramListModel::Follow()
+bool ProgramListModel::Follow()
 {
     if (Headers != lvCncProgram.Headers) {
         Headers = lvCncProgram.Headers;
         emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
     }
-    if (Version == lvCncProgram.Version && Rows == lvCncProgram.RowCount()) return;
-    Version = lvCncProgram.Version;
+    const bool changed = std::exchange(Version, lvCncProgram.Version) != lvCncProgram.Version;
     const int rows = lvCncProgram.RowCount();
     if (rows > Rows) {
         beginInsertRows({}, Rows, rows - 1);
@@ -170,7 +174,16 @@ void ProgramListModel::Follow()
         Rows = rows;
         endRemoveRows();
     }
-    if (rows > 0) emit dataChanged(index(0, 0), index(rows - 1, static_cast<int>(CellCount) - 1));
+    return changed;
+}
+
+void ProgramListModel::ChangeRow(int row)
+{
+    // Cell by cell: for a range of them the view paints all that it shows.
+    for (int column = 0; column < columnCount(); ++column) {
+        const QModelIndex cell = index(row, column);
+        emit dataChanged(cell, cell);
+    }
 }
 
 ProgramListView::ProgramListView(QWidget* parent) : QTableView(parent)
@@ -253,7 +266,7 @@ void ProgramListView::resizeEvent(QResizeEvent* event)
 void ProgramListView::Render()
 {
     Pushing = true;
-    Model.Follow();
+    const bool changed = Model.Follow();
     PushWidths();
     const int visible = std::max(1, viewport()->height() / verticalHeader()->defaultSectionSize());
     lvCncProgram.VisibleRows = visible;
@@ -266,7 +279,25 @@ void ProgramListView::Render()
     const int top = std::clamp(lvCncProgram.TopRow - 1, 0, verticalScrollBar()->maximum());
     if (verticalScrollBar()->value() != top) verticalScrollBar()->setValue(top);
     lvCncProgram.TopRow = verticalScrollBar()->value() + 1;
+    if (changed) UpdateRows();
     Pushing = false;
+}
+
+void ProgramListView::UpdateRows()
+{
+    const int first = std::min(lvCncProgram.TopRow - 1, lvCncProgram.RowCount());
+    const int end = std::min(first + lvCncProgram.VisibleRows + 1, lvCncProgram.RowCount()); // one is cut
+    const std::pair colors(Shared.AbsColor, Shared.IncrColor);
+    const bool recolored = std::exchange(PaintedColors, colors) != colors;
+    std::vector<ProgramLine> rows(lvCncProgram.Rows.begin() + first, lvCncProgram.Rows.begin() + end);
+    for (int row = first; row < end; ++row) {
+        const auto before = static_cast<size_t>(row - FirstPainted);
+        const bool same = row >= FirstPainted && before < Painted.size() &&
+                          IsSame(Painted[before], rows[static_cast<size_t>(row - first)]);
+        if (!same || recolored) Model.ChangeRow(row);
+    }
+    Painted = std::move(rows);
+    FirstPainted = first;
 }
 
 void ProgramListView::mousePressEvent(QMouseEvent* event)

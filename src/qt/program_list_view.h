@@ -1,7 +1,8 @@
 // program_list_view.h: the program list: a model over the rows, and the table that shows it.
 //
-// The rows stay where they are; the model looks at them when a cell is drawn. It notices changes by the
-// version of the list alone, so that long programs cost nothing between them.
+// The rows stay where they are; the model looks at them when a cell is drawn. Changes are noticed by the
+// version of the list alone, so that long programs cost nothing between them; behind one the rows in view are
+// compared with what was painted there, since an edit changes few of them.
 
 #pragma once
 
@@ -13,6 +14,8 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 class ProgramListModel : public QAbstractTableModel
 {
@@ -24,8 +27,10 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-    /// Tells the view what has changed since the last call.
-    void Follow();
+    /// Tells the view of other headers and of rows that have come or gone. True when the version has changed.
+    bool Follow();
+    /// Tells the view that a row (from 0) has changed.
+    void ChangeRow(int row);
 
 private:
     int Rows = 0;
@@ -57,7 +62,14 @@ protected:
 private:
     void SetRowHeight();
     void PushWidths();
+    /// Has the rows in view painted that differ from what was painted there.
+    void UpdateRows();
 
     ProgramListModel Model;
+    /// The rows that were in view when the list has changed last, from which row on (from 0), and the colours of
+    /// their codes.
+    std::vector<ProgramLine> Painted;
+    int FirstPainted = 0;
+    std::pair<float, float> PaintedColors;
     bool Pushing = false;
 };

@@ -48,6 +48,7 @@ protected:
     {
         Desk = {};
         ThePlatform = &Desk;
+        ThePort = &Desk.Port;
         ResetState();
         frmMain.Window.Width = 787 * 15;
         frmMain.Window.Height = 581 * 15;
@@ -144,8 +145,8 @@ TEST_P(InLanguage, NoTextIsCutOffInTheSmallestWindow)
         SetCheck(frmMain.chkEnableCom, true);
         mnuTX_Click();
     });
-    Events.Run([] { Desk.Port.Receive(std::string(999, '\r')); });
-    ASSERT_TRUE(Shared.Transmitting && frmMain.txtRX.Visible);
+    Events.Run([] { Desk.Port.Receive(std::string(9999, '\r')); });
+    ASSERT_TRUE(Shared.Transmitting && frmMain.frRXcode.Visible);
     ExpectAllFit();
 }
 

@@ -10,6 +10,7 @@
 #include "core/control_names.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
+#include "interpreter/interpreter.h"
 #include "qt/main_frame.h"
 #include "qt/pane.h"
 #include "qt/program_list_view.h"
@@ -28,6 +29,7 @@
 #include <QMimeData>
 #include <QTest>
 #include <QTextBrowser>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -290,6 +292,50 @@ TEST_F(Window, ALongProgramFollowsItsVersion)
     EXPECT_TRUE(list->viewport()->rect().intersects(list->visualRect(list->model()->index(3999, CellN))));
 }
 
+TEST_F(Window, AnEditPaintsTheRowsThatItChanges)
+{
+    struct : QObject {
+        QRegion Region;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::Paint) Region += static_cast<QPaintEvent*>(event)->region();
+            return false;
+        }
+    } painted;
+    auto& list = *Events.Widgets.As<ProgramListView>(frmMain.lvCncProgram);
+    const auto rowsPaintedBy = [&](const std::function<void()>& change) {
+        QApplication::processEvents();
+        painted.Region = {};
+        list.viewport()->installEventFilter(&painted);
+        change();
+        QApplication::processEvents();
+        list.viewport()->removeEventFilter(&painted);
+        std::string rows;
+        for (int row = 0; row < 5; ++row) {
+            const bool is = painted.Region.intersects(list.visualRect(list.model()->index(row, CellCode)));
+            rows += is ? std::to_string(row) : "";
+        }
+        return rows;
+    };
+    Events.Run([] { Enter("G00 X100 Z100 / G00 X100 Z0 / G92 X0 Z0 / G00 X100 Z0"); });
+    Click(frmMain.chkViewToolPos);
+    EXPECT_EQ(rowsPaintedBy([&] {
+                  Events.Run([] {
+                      lvCncProgram.Row(2)[CellX] = "  200 ";
+                      Interpreter();
+                  });
+              }),
+              "1")
+        << "the tool stands at a new zero behind it";
+    EXPECT_EQ(rowsPaintedBy([&] {
+                  Events.Run([] {
+                      Shared.AbsColor = Shared.IncrColor = 0;
+                      Interpreter();
+                  });
+              }),
+              "01234");
+}
+
 TEST_F(Window, AWindowThatIsTooSmallComesBack)
 {
     Main->setMinimumSize(0, 0);
@@ -297,14 +343,6 @@ TEST_F(Window, AWindowThatIsTooSmallComesBack)
     Events.Run(tmr1sec_Timer);
     EXPECT_GE(Main->width(), 786);
     EXPECT_GE(Main->height(), 581);
-}
-
-int main(int argc, char** argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    testing::InitGoogleTest(&argc, argv);
-    QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
 }
 
 TEST_F(Window, HelpGoesToItsPlaceFollowsLinksAndFinds)
@@ -372,4 +410,12 @@ TEST_F(Window, AClickAnywhereOnAboutShowsTheVersions)
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, empty);
     EXPECT_FALSE(list.isVisible());
     EXPECT_TRUE(WidgetOf(frmMain.rtfAbout)->isVisible());
+}
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
 }
