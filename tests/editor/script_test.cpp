@@ -2,6 +2,7 @@
 
 #include "cli/key_script.h"
 #include "cli/open_program.h"
+#include "core/control_names.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
@@ -17,7 +18,7 @@ Control* ControlOf(const std::string& name)
 {
     Control* found = nullptr;
     frmMain.ForEach([&](Control& control) {
-        if (name == control.Name) found = &control;
+        if (name == FullName(control)) found = &control;
     });
     return found;
 }
@@ -242,10 +243,19 @@ const Case RunAndLeave[] = {
     {"help is a toggle", "MK4", "{F1}{F1}", "visible rtfHelp", "no"},
     {"and locks the window", "MK4", "{F1}", "usable txtGMcode", "no"},
     {"[ESC] closes it", "MK4", "{CTRL-G}{ESC}", "usable txtGMcode", "yes"},
-    {"a narrow window has no Save", "MK4", "{RESIZE frmMain 11800 9000}", "visible txtComment", "yes"},
-    {"the notes take the place of the properties", "MK4", "{CHECK chkViewFileNotes}",
-     "visible frProgramProperties", "no"},
+    {"and leaves disabled what the code has no use for", "MK4", "{CTRL-G}{ESC}", "usable cmdFeedA", "no"},
+    {"the MK2 has no colours", "MK2", "{CTRL-G}{ESC}{CLICK cmdTopButtons(4)}", "usable lblSettingsAbsColor",
+     "no"},
+    {"a narrow window has no Save", "MK4", "{RESIZE frmMain 11999 9000}", "visible cmdTopButtons(1)", "no"},
+    {"a wider one has it, but not Set", "MK4", "{RESIZE frmMain 12000 9000}", "visible cmdTopButtons(4)",
+     "no"},
+    {"the notes take the place of the properties", "MK4",
+     "{RESIZE frmMain 15300 10000}{CHECK chkViewFileNotes}", "visible frProgramProperties", "no"},
     {"the tick disables what needs a line", "MK4", "{TICK}", "usable cmdDelete", "no"},
+    {"and the drawing of a program with messages", "MK4", RAPID "25{ENTER}2{ENTER}{ENTER}{TICK}",
+     "usable cmdTopButtons(7)", "no"},
+    {"the selected line's message is said", "MK4", "21{ENTER}cmdA{ENTER}21{ENTER}cmdB{ENTER}{SELECT 2}",
+     "lblMessage", "N01:  !Unknown ControlCommand     (2 lines with messages)"},
 };
 
 TEST(Script, Entry)

@@ -55,6 +55,7 @@ TEST(Line, KnowsItsParametersAndItsPace)
     pace.Add(30, start);
     EXPECT_GE(pace.WhenEmpty() - start, 1s);
     EXPECT_LT(pace.RoomAt(), pace.WhenEmpty());
+    EXPECT_EQ(pace.LeadBytes(), 1U); // no more than a stop has to wait for
     pace.Add(30, pace.RoomAt());
     EXPECT_GE(pace.WhenEmpty() - start, 2s);
     EXPECT_LT(pace.WhenEmpty() - start, 2001ms);
