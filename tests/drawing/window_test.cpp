@@ -126,7 +126,7 @@ TEST(DrawWindow, ReadoutAndMeasuring)
     EXPECT_EQ(frmDraw.txtMeasureX1.Text, "123");
     EXPECT_EQ(Focused(), &frmDraw.txtMeasureX2);
     EXPECT_EQ(frmDraw.lblMeasureDeltaX.Text, "477");
-    RunKeyScript("{UP}{LEFT}5{LEFT}{RIGHT}{LEFT},{RIGHT}"); // arrows leave a box at its ends alone
+    RunKeyScript("{UP}{LEFT}55{LEFT}{LEFT}{RIGHT},{RIGHT}"); // arrows leave a box at its ends alone
     EXPECT_EQ(Focused(), &frmDraw.txtMeasureZ1);
 
     // The third click takes the marks away again: each is drawn twice.
