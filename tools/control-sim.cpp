@@ -29,15 +29,26 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
-constexpr const char* Usage = R"(Usage:
-control-sim [--port DEVICE] [--line 300,N,8,1] [--machine MK2|MK4|F1] [--timeout SECONDS]
-            [-o FILE] [--memory FILE] [--send] [--fast]
-            [--talk AT] [--stall AT,SECONDS] [--drop N] [--garble N] [--hangup AT]
-Takes a program and prints what it saw; -o stores it. --send gives the memory as soon as somebody listens;
-a line G66 asks for it at any time. --fast: not at the pace of the line. The last row are faults: send the
-memory behind AT characters in the midst of a program, stand still behind AT, lose or change each Nth, go
-away behind AT.
-Exit status: 0 a whole program came (or the memory went), 3 a stop mark came, 1 anything else, 2 usage.
+constexpr const char* Usage = R"(Usage: control-sim [OPTION...]
+Plays the machine at the other end of a serial line: it takes a program and prints what it saw, or sends
+its memory. Without --port it makes a line and prints the name of the other end.
+
+  --port DEVICE         use this serial port
+  --line 300,N,8,1      baud rate, parity, data bits, stop bits
+  --machine MK2|MK4|F1  the machine that it plays (MK4)
+  --timeout SECONDS     give up so long after the start, also in the middle of a program (60)
+  -o FILE               store the program that comes in
+  --memory FILE         the program in its memory; a line G66 asks for it at any time
+  --send                send the memory as soon as somebody listens
+  --fast                don't keep to the speed of the line
+Faults that it can have:
+  --talk N              send the memory after N characters, in the middle of a program
+  --stall N,SECONDS     stand still after N characters
+  --drop N, --garble N  lose, or change, every Nth character
+  --hangup N            go away after N characters
+
+Exit status: 0 a whole program came (or the memory was sent), 3 a stop mark came, 2 wrong options or no
+line, 1 anything else.
 )";
 
 struct Options {
@@ -462,7 +473,8 @@ Options ReadOptions(const std::vector<std::string>& words)
             continue;
         }
         const std::string value = i + 1 < words.size() ? words[++i] : "";
-        if (!SetOption(options, word, value)) Fail("there is no " + word + " " + value);
+        if (!SetOption(options, word, value))
+            Fail("no such option, or not a value for it: " + word + " " + value);
     }
     if (options.Machine != "MK2" && options.Machine != "MK4" && options.Machine != "F1")
         Fail("there is no machine " + options.Machine);

@@ -31,6 +31,7 @@ struct Event {
     Control D::*Of;
     Slots On;
 };
+
 void frControls_Click()
 {
     frControls_MouseDown(0, 0);
@@ -97,7 +98,8 @@ void mnuDraw_Click()
 {
     cmdReturn_Click();
     if (!BeginDrawing()) return;
-    if (!frmDraw.Window.Visible) {
+    const bool opens = !frmDraw.Window.Visible;
+    if (opens) {
         UnloadDrawing();
         frmDraw_Load();
         frmDraw.Window.Visible = true;
@@ -106,6 +108,7 @@ void mnuDraw_Click()
     BringMainToFront(); // the find dialog gives the keys away
     SetActiveWindow(frmDraw.Window);
     frmDraw_Activate();
+    if (opens) PlaceControlsAside();
 }
 
 void RefreshDrawing()
@@ -134,7 +137,7 @@ void cmdSavePicture_Click()
     if (!chosen || chosen->empty()) return;
     PictureFormat format{};
     if (!FormatOfFile(*chosen, format)) {
-        ShowMessage(Tr("A picture's name ends in .svg, .png or .pdf"), "", Icon::Exclamation);
+        ShowMessage(Tr("The name of a picture must end in .svg, .png or .pdf"), "", Icon::Exclamation);
         return;
     }
     std::string bytes;

@@ -8,7 +8,6 @@
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/messages.h"
-#include "core/profile.h"
 #include "core/program_list.h"
 #include "core/text.h"
 #include "editor/whole_program.h"
@@ -125,9 +124,8 @@ void mnuOpen_Click()
     LoadFile("");
 }
 
-bool LoadReceived(const std::string& bytes)
+bool LoadUnnamed(const std::string& bytes, const std::string& name)
 {
-    const std::string name = "Receive.txt";
     if (KindOfFile(bytes) != FileKind::Program) {
         RefuseUnknownFile(name);
         return false;
@@ -137,7 +135,7 @@ bool LoadReceived(const std::string& bytes)
         RefuseLongFile(name);
         return false;
     }
-    // From here on the received program is the open one.
+    // From here on this program is the open one.
     Shared.Changed = false;
     CloseReceivePane();
     TakeOver(std::move(file), "");

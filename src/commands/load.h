@@ -11,6 +11,6 @@
 void LoadFile(const std::string& path);
 void mnuOpen_Click();
 
-/// Puts a program that the machine has sent in the place of the open one; it has no file yet. False, and
-/// nothing has changed, when the text isn't known as a program: the user was told.
-bool LoadReceived(const std::string& bytes);
+/// Puts a program that has no file yet in the place of the open one, and closes the receive pane. False, and
+/// nothing has changed, when the text isn't known as a program: the user was told, by the name that it has.
+bool LoadUnnamed(const std::string& bytes, const std::string& name);

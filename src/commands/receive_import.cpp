@@ -27,7 +27,7 @@ void cmdReceiveImport_Click()
     }
     const bool ran = Shared.RunLocked;
     if (ran) cmdStop_Click();
-    if (LoadReceived(ToCodePage(text))) {
+    if (LoadUnnamed(ToCodePage(text), "Receive.txt")) {
         ForgetReceived();
     } else if (ran) {
         ControlsEnable(false);

@@ -1,6 +1,7 @@
 #include "commands/session.h"
 
 #include "commands/drawing.h"
+#include "commands/exit.h"
 #include "commands/help.h"
 #include "commands/load.h"
 #include "commands/printing.h"
@@ -36,6 +37,7 @@
 #include "serial/setup.h"
 #include "serial/transfer.h"
 #include "serial/transmit.h"
+#include "settings/user_files.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
@@ -206,6 +208,7 @@ void ResetState()
     ResetInterpreter();
     ResetTransmission();
     ResetReception();
+    ResetKeptProgram();
     ThePort->OnEvent = MSComm1_OnComm;
     UnloadDrawing();
     for (const Event& event : Events) (frmMain.*event.Of).On = event.On;
@@ -227,17 +230,13 @@ void FillFonts()
     ShowFont();
 }
 
-} // namespace
-
-namespace {
-
 /// What every start begins with: the user's folder, the fonts, the drawing's window in its hidden state.
 void BeginStart()
 {
     if (const std::string folder = AppDataPath(); !folder.empty()) {
         if (const auto failure = MakeFolders(folder)) NoteFailure(failure->Number, "Form_Load");
     }
-    if (const std::string left = AppDataPath() + "/Transmit.txt"; FileExists(left)) RemoveFile(left);
+    if (HasUserFile("Transmit.txt")) RemoveFile(UserFile("Transmit.txt")); // of a run that broke off
     FillFonts();
     frmDraw_Load();
 }

@@ -7,7 +7,6 @@
 #include "commands/program.h"
 #include "commands/save.h"
 #include "commands/settings.h"
-#include "core/app_data.h"
 #include "core/main_window.h"
 #include "core/messages.h"
 #include "core/numbers.h"
@@ -28,6 +27,9 @@
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
 
+#include <iterator>
+#include <type_traits>
+
 namespace {
 
 void ToggleAxes(Control& picture)
@@ -35,6 +37,21 @@ void ToggleAxes(Control& picture)
     picture.Visible = !picture.Visible;
     frmMain.cmdReturn.Visible = picture.Visible;
 }
+
+/// What the buttons of the tool bar do, in their order.
+constexpr void (*TopButtons[])() = {
+    mnuOpen_Click,
+    mnuSave_Click,
+    mnuNew_Click,
+    PrintDirect,
+    mnuSettingsShow_Click,
+    [] { ToggleAxes(frmMain.picZXaxes); },
+    [] { ToggleAxes(frmMain.picXYaxes); },
+    mnuDraw_Click,
+    mnuRX_Click,
+    mnuTX_Click,
+};
+static_assert(std::size(TopButtons) == std::extent_v<decltype(MainWindow::cmdTopButtons)>);
 
 void ChooseColor(float& color)
 {
@@ -57,19 +74,7 @@ void mnuSettingsShow_Click()
 
 void cmdTopButtons_Click(int index)
 {
-    switch (index) {
-    case 0: mnuOpen_Click(); break;
-    case 1: SaveFile_Click(false); break;
-    case 2: mnuNew_Click(); break;
-    case 3: PrintDirect(); break;
-    case 4: mnuSettingsShow_Click(); break;
-    case 5: ToggleAxes(frmMain.picZXaxes); break;
-    case 6: ToggleAxes(frmMain.picXYaxes); break;
-    case 7: mnuDraw_Click(); break;
-    case 8: mnuRX_Click(); break;
-    case 9: mnuTX_Click(); break;
-    default: break;
-    }
+    TopButtons[index]();
 }
 
 void AxesPicture_Click()
@@ -103,57 +108,6 @@ void lblSettingsIncrColor_Click()
 void lblSettingsAbsColor_Click()
 {
     ChooseColor(Shared.AbsColor);
-}
-
-namespace {
-
-/// Asks before a transmission is stopped, and lets its stop mark go out first. False while it goes on.
-bool EndTransmissionBeforeExit()
-{
-    if (!Shared.Transmitting) return true;
-    if (Shared.ExitPending) {
-        AbandonTransmission(); // closed once more: nobody waits for a line that stands still
-        return true;
-    }
-    const MessageBox box{Tr("A program is being sent. Stop it and leave?"), TextOf(Messages::Continue),
-                         Buttons::YesNo, Icon::Question};
-    if (ThePlatform->Show(box) != Answer::Yes) return false;
-    Shared.ExitPending = true;
-    if (Shared.Transmitting) cmdStop_Click();
-    return !Shared.Transmitting;
-}
-
-} // namespace
-
-void mnuExit_Click()
-{
-    if (!EndTransmissionBeforeExit()) return;
-    Shared.ExitPending = false;
-    if (frmMain.frRXcode.Visible && !KeepReceived()) return;
-    if (LineCount() > 0 && Shared.Changed) {
-        const MessageBox box{TextOf(Messages::SaveOpenFile), TextOf(Messages::Continue),
-                             Buttons::YesNoCancel};
-        const Answer answer = ThePlatform->Show(box);
-        if (answer == Answer::Cancel) return;
-        if (answer == Answer::Yes) {
-            if (Shared.RunLocked) cmdStop_Click();
-            mnuSave_Click();
-            if (Shared.Changed) return;
-        }
-        Shared.Changed = false;
-    }
-    // A walk that waits is abandoned with the program.
-    ResetInterpreter();
-    SaveSettings();
-    frmDraw_Close();
-    // What came while a question was up.
-    if (frmMain.frRXcode.Visible && ThePort->IsOpen()) {
-        MSComm1_OnComm(PortEvent::Received);
-        KeepReceived();
-    }
-    ThePort->Close();
-    Shared.RunMode = Shared.RunLocked = false;
-    Shared.Ended = true;
 }
 
 void Form_Activate()

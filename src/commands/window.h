@@ -1,4 +1,4 @@
-// window.h: the commands of the main window beside the program's: settings, exit.
+// window.h: the commands of the main window beside the program's: settings, tool bar, size.
 
 #pragma once
 
@@ -19,9 +19,6 @@ void cboFontName_LostFocus(Control& box);
 void cboFontSize_LostFocus(Control& box);
 void lblSettingsIncrColor_Click();
 void lblSettingsAbsColor_Click();
-
-/// Leaves the program: asks to save a changed one; a cancel or a save that fails stops the exit.
-void mnuExit_Click();
 
 /// The main window came to the front from another window of the program.
 void Form_Activate();

@@ -1,6 +1,6 @@
 #include "commands/windows.h"
 
-#include "commands/drawing.h"
+#include "commands/exit.h"
 #include "commands/window.h"
 #include "core/draw_window.h"
 #include "core/main_window.h"

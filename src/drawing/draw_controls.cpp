@@ -4,6 +4,7 @@
 #include "core/messages.h"
 #include "core/shared_state.h"
 #include "drawing/drawing_state.h"
+#include "drawing/line_figures.h"
 #include "drawing/measure.h"
 #include "drawing/program_window.h"
 #include "drawing/view.h"
@@ -16,6 +17,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -39,6 +41,9 @@ constexpr BoxRow Boxes[] = {
     {&D::chkDiameter, &DrawBoxValues::Diameter, true, false},
     {&D::chkAutoRedraw, &DrawBoxValues::AutoRedraw, true, true},
 };
+
+/// What the frame leaves free beside and below itself for the window's own border and title, in twips.
+constexpr int RoomBeside = 120, RoomBelow = 880;
 
 /// Keeps the value of a box beyond the window. Each box keeps its own alone, so that those of the other
 /// machine stay as they were chosen there.
@@ -93,8 +98,7 @@ void ArrangeControls()
 {
     Control& frame = frmDraw.frControls;
     if (!Drawing.Minimized && !Drawing.Maximized && frame.Visible) {
-        // Room for the window's own frame and title.
-        const int height = frame.Height + 880, width = frame.Width + 120;
+        const int height = frame.Height + RoomBelow, width = frame.Width + RoomBeside;
         frame.Top = std::max(1, std::min(frame.Top, CanvasHeight() - height));
         frame.Left = std::max(1, std::min(frame.Left, CanvasWidth() - width));
         frame.Left = std::min(frame.Left, std::max(CanvasWidth() - width, 0));
@@ -102,6 +106,23 @@ void ArrangeControls()
         frmDraw.Window.Width = std::max(frmDraw.Window.Width, width);
     }
     ShowBoxesOfMachine();
+}
+
+void PlaceControlsAside()
+{
+    Control& frame = frmDraw.frControls;
+    const int left = frame.Left, top = frame.Top;
+    const int right = CanvasWidth() - frame.Width - RoomBeside;
+    const int bottom = CanvasHeight() - frame.Height - RoomBelow;
+    int least = PlacesIn(left, top, frame.Width, frame.Height);
+    for (const auto& [x, y] : {std::pair{right, top}, {left, bottom}, {right, bottom}}) {
+        const int covered = PlacesIn(x, y, frame.Width, frame.Height);
+        if (covered >= least) continue;
+        least = covered;
+        frame.Left = x;
+        frame.Top = y;
+    }
+    ArrangeControls();
 }
 
 void ShowControlsAt(double x, double y)

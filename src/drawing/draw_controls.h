@@ -5,6 +5,10 @@
 /// Keeps frControls inside the window and lays its check boxes out by machine.
 void ArrangeControls();
 
+/// Puts the frame of a window that has just been opened and drawn into the corner where it covers least of
+/// what the program draws. From then on it stays where the user wants it.
+void PlaceControlsAside();
+
 /// Shows the frame with its upper right corner about here, where its close button then is.
 void ShowControlsAt(double x, double y);
 

@@ -1,10 +1,10 @@
 #include "drawing/drawing_page.h"
 
 #include "core/messages.h"
+#include "core/numbers.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 namespace {
 
@@ -74,9 +74,7 @@ ScaleBar ScaleBarOf(double unit, bool metric, double most, const std::string& le
         if (larger * std::pow(10, power) * unit * whole <= most) factor = larger;
     }
     const double length = factor * std::pow(10, power);
-    char number[64];
-    std::snprintf(number, sizeof number, "%.*f", std::max(0, -power), length);
-    return {length * unit * whole, Tr(lengthText, {number})};
+    return {length * unit * whole, Tr(lengthText, {FormatDecimals(length, std::max(0, -power))})};
 }
 
 bool IsDrawing(const PrintJob& job)

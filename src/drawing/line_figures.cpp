@@ -104,3 +104,29 @@ std::vector<Operation> FiguresOfLine(int line)
     });
     return figures;
 }
+
+int PlacesIn(double left, double top, double width, double height)
+{
+    constexpr double Apart = 100;
+    constexpr int Most = 1000; // of one figure, however far it reaches
+    int inside = 0;
+    ForEachFigure([&](int line, const Operation& figure) {
+        if (line == 0) return;
+        const auto& at = figure.At;
+        const bool arc = figure.Is == Op::DrawArc, point = figure.Is == Op::SetPoint;
+        const double sweep = at[4] < at[3] ? at[4] - at[3] + 2 * Pi : double{at[4]} - at[3];
+        const double length = point ? 0 : arc ? at[2] * sweep : std::hypot(at[2] - at[0], at[3] - at[1]);
+        const int places = static_cast<int>(std::clamp(length / Apart, 1.0, double{Most}));
+        for (int i = 0; i < places; ++i) {
+            const double part = (i + 0.5) / places, angle = at[3] + part * sweep;
+            const double x = arc     ? at[0] + at[2] * std::cos(angle)
+                             : point ? at[0]
+                                     : std::lerp(at[0], at[2], part);
+            const double y = arc     ? at[1] - at[2] * std::sin(angle)
+                             : point ? at[1]
+                                     : std::lerp(at[1], at[3], part);
+            if (x >= left && x < left + width && y >= top && y < top + height) ++inside;
+        }
+    });
+    return inside;
+}

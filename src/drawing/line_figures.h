@@ -10,3 +10,7 @@ int LineAt(double x, double y, double distance);
 
 /// What a line has drawn in this picture, each figure complete in itself (a line by both its ends).
 std::vector<Operation> FiguresOfLine(int line);
+
+/// How much of what the program's lines have drawn lies in a rectangle of the canvas, in places a few pixels
+/// apart; positions in twips.
+int PlacesIn(double left, double top, double width, double height);

@@ -17,7 +17,6 @@
 #include "ui/text_box.h"
 
 #include <cmath>
-#include <cstdio>
 #include <iterator>
 
 namespace {
@@ -34,9 +33,8 @@ std::string Whole(double value)
 /// A length of the program in mm or inch: "10.00 mm".
 std::string Length(double units)
 {
-    char number[64];
-    std::snprintf(number, sizeof number, "%.*f", Shared.Metric ? 2 : 3, units / (Shared.Metric ? 100 : 1000));
-    return Tr(Shared.Metric ? "%1 mm" : "%1 inch", {number});
+    if (Shared.Metric) return Tr("%1 mm", {FormatDecimals(units / 100, 2)});
+    return Tr("%1 inch", {FormatDecimals(units / 1000, 3)});
 }
 
 /// The labels of a result: in program units, and in mm or inch.

@@ -59,17 +59,20 @@ void PlaceTop(const ControlWidgets& widgets, const QWidget& content)
     const int viewEnd = ToPixels(content, main.lstMK4Gcodes.Left);
     Put(widgets, main.frSetReplace, {setLeft + Gap, 4, viewLeft - setLeft - Space, paneHeight - 2});
     Put(widgets, main.frView, {viewLeft + Gap, 4, viewEnd - viewLeft - Space, paneHeight - 2});
-    // A transfer that has something to say takes what it needs of the path's row, up to the path's caption.
-    const int pathWidth = ToPixels(content, main.frControlPanel.Width) - 2 * Space;
+    // A transfer that has something to say takes what it needs of the path's row: all of it where no path
+    // could be read beside it.
+    constexpr int SmallestPath = 80;
+    const int row = ToPixels(content, main.frControlPanel.Width) - 2 * Space;
     const QWidget& transfer = *widgets.Of(main.lblTransfer);
-    const int needed =
-        transfer.fontMetrics().horizontalAdvance(QString::fromStdString(main.lblTransfer.Text)) + 2 * Space;
-    const int transferWidth =
-        main.lblTransfer.Text.empty() ? 0 : std::clamp(needed, pathWidth / 2, pathWidth * 4 / 5);
+    const int needed = std::max(
+        row / 2,
+        transfer.fontMetrics().horizontalAdvance(QString::fromStdString(main.lblTransfer.Text)) + 2 * Space);
+    const bool path = needed + widgets.Of(main.lblCurrentFile)->sizeHint().width() + SmallestPath <= row;
+    const int transferWidth = main.lblTransfer.Text.empty() ? 0 : path ? needed : row;
     const int pathTop = listTop - pathHeight;
-    Put(widgets, main.frControlPanel, {Space + 2, pathTop, pathWidth - transferWidth, pathHeight});
-    Put(widgets, main.lblTransfer,
-        {Space + 2 + pathWidth - transferWidth, pathTop, transferWidth, pathHeight});
+    widgets.Of(main.frControlPanel)->setVisible(transferWidth < row);
+    Put(widgets, main.frControlPanel, {Space + 2, pathTop, row - transferWidth, pathHeight});
+    Put(widgets, main.lblTransfer, {Space + 2 + row - transferWidth, pathTop, transferWidth, pathHeight});
 }
 
 /// The right column: code lists, notes, and the settings over both.

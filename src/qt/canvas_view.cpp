@@ -11,6 +11,8 @@
 
 #include <QMouseEvent>
 
+#include <utility>
+
 namespace {
 
 constexpr double TwipsToPixel = 15;
@@ -137,6 +139,7 @@ void CanvasView::mousePressEvent(QMouseEvent* event)
         Held = at;
         return;
     }
+    PickedZeroPoint = Drawing.PickingZeroPoint;
     // A finger or a pen may not have moved here before, and won't move before the user looks.
     Events.Run([&] {
         BringToFront(frmDraw.Window);
@@ -165,6 +168,8 @@ void CanvasView::mouseReleaseEvent(QMouseEvent* event)
 
 void CanvasView::mouseDoubleClickEvent(QMouseEvent* event)
 {
+    // The first of both clicks has done all that the user wanted.
+    if (std::exchange(PickedZeroPoint, false)) return;
     const QPointF at = InTwips(event->position());
     bool onFigure = false;
     if (event->button() == Qt::LeftButton) {

@@ -52,6 +52,8 @@ private:
     std::vector<Operation> Mark;
     /// Where the middle button took hold of the picture, in twips.
     std::optional<QPointF> Held;
+    /// The press before was the choice of a zero point.
+    bool PickedZeroPoint = false;
     /// Where the pointer was last, in twips, the drawing whose coordinates it was told in, and the language.
     std::optional<QPointF> Pointer;
     int ReadoutOf = -1;

@@ -1,5 +1,6 @@
 #include "qt/desktop.h"
 
+#include "commands/exit.h"
 #include "commands/help.h"
 #include "commands/keyboard.h"
 #include "commands/session.h"
@@ -38,6 +39,11 @@ Desktop::Desktop()
     if (QApplication::style()->name() == "fusion") QApplication::setStyle(new FrameStyle("fusion"));
     Platform.BeforeBox = [this] { ShowBehindBox(); };
     qApp->installEventFilter(this);
+    // The engine says when the program ends; a window that goes doesn't.
+    QApplication::setQuitOnLastWindowClosed(false);
+    // The end of a session comes in two steps. Behind the first it may be called off yet.
+    connect(
+        qApp, &QGuiApplication::commitDataRequest, this, [] { KeepUnsaved(); }, Qt::DirectConnection);
     Tick.setInterval(1000);
     connect(&Tick, &QTimer::timeout, this, [this] { Run(tmr1sec_Timer); });
 }
@@ -74,10 +80,20 @@ void Desktop::Run(const std::function<void()>& routine)
     AfterEvent();
     InEvent = false;
     Render();
-    if (Shared.Ended) QApplication::quit();
+    if (Shared.Ended) QApplication::exit();
     if (Later.empty() || InEvent) return;
     const auto waiting = std::exchange(Later, {});
     for (const auto& next : waiting) Run(next);
+}
+
+void Desktop::End()
+{
+    if (!InEvent) {
+        Run(EndOfSession);
+    } else if (!Shared.Ended) {
+        EndOfSession();
+        QApplication::exit(); // the loop of the box as well: it gets its safe answer, and its event ends
+    }
 }
 
 void Desktop::RunLater(const std::function<void()>& routine)
@@ -201,6 +217,10 @@ void ShowFocus(const QObject* receiver, bool shown)
 bool Desktop::eventFilter(QObject* receiver, QEvent* event)
 {
     switch (event->type()) {
+    case QEvent::Quit: // the second step; the program's own end is no event
+        if (receiver != qApp) break;
+        End();
+        return true;
     case QEvent::ShortcutOverride: {
         if (FormOf(receiver) == nullptr) break;
         const auto key = KeyStrokeOf(*static_cast<QKeyEvent*>(event));

@@ -35,7 +35,8 @@ public:
     void Run(const std::function<void()>& routine);
     /// Runs it when the event that runs now is over.
     void RunLater(const std::function<void()>& routine);
-    bool IsInEvent() const { return InEvent; }
+    /// The system ends the program: what is unsaved is kept, a box that is up is given up, nobody is asked.
+    void End();
 
     /// Connects the clicks and choices of the widgets that have been made.
     void ConnectWidgets(Control& record);

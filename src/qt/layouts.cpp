@@ -72,7 +72,8 @@ void LayOutTop(const ControlWidgets& widgets)
     path->addWidget(Of(widgets, main.lblPath));
     path->addWidget(Of(widgets, main.lblChanged));
     path->addStretch();
-    widgets.As<ElidedLabel>(main.lblPath)->Elide = Qt::ElideMiddle;
+    Of(widgets, main.lblCurrentFile)->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    widgets.As<ElidedLabel>(main.lblPath)->Elide = Qt::ElideMiddle; // it gives way to the rest of its row
 
     QGridLayout* const boxes = GridIn(NarrowPane(widgets, main.frView), 2);
     boxes->addWidget(Of(widgets, main.chkViewToolPos), 0, 0);

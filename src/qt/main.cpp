@@ -1,10 +1,12 @@
 // The desktop program: brixley [FILE]
 
+#include "commands/exit.h"
 #include "commands/session.h"
 #include "commands/settings.h"
 #include "core/app_data.h"
 #include "drawing/drawing_state.h"
 #include "qt/draw_frame.h"
+#include "qt/end_signals.h"
 #include "qt/main_frame.h"
 #include "qt/picture_writer.h"
 #include "qt/printer.h"
@@ -14,16 +16,14 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QTimer>
 
-#include <clocale>
 #include <optional>
 #include <string>
 
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    std::setlocale(LC_NUMERIC,
-                   "C"); // the toolkit has taken over the user's; numbers of programs have a point
     QApplication::setApplicationName("brixley");
     QApplication::setApplicationVersion(ProductVersion);
     QApplication::setDesktopFileName("org.brixley.Brixley"); // a desktop shows that entry's icon
@@ -55,5 +55,7 @@ int main(int argc, char** argv)
     desktop.Run(tmr1sec_Timer); // what is enabled at first
     window.Open();
     desktop.StartTick();
+    const EndSignals ends([&desktop] { desktop.End(); }); // the settings are loaded, so they can be saved
+    QTimer::singleShot(0, &desktop, [&desktop] { desktop.Run(OfferKeptProgram); });
     return QApplication::exec();
 }

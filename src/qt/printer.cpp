@@ -3,6 +3,7 @@
 #include "core/app_data.h"
 #include "core/main_window.h"
 #include "core/messages.h"
+#include "core/shared_state.h"
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "qt/paper.h"
@@ -104,6 +105,7 @@ void QtPrinter::TakeChoice()
 
 bool QtPrinter::Choose(const PrintJob* preview)
 {
+    if (Shared.Ended) return false;
     if (BeforeDialog) BeforeDialog();
     ReturnToPrinter();
     QPrinter& device = Device();
@@ -164,9 +166,9 @@ PrintOutcome QtPrinter::PrintOnPaper(const PrintJob& job)
 {
     QPrinter& device = Device();
     if (QPrinterInfo::printerInfo(device.printerName()).isNull())
-        return {PrintOutcome::Kind::Failed, "the printer is not there any more"};
+        return {PrintOutcome::Kind::Failed, "the printer is no longer there"};
     device.setDocName(job.Name.empty() ? ProductName : QString::fromStdString(job.Name));
     if (!PaintJob(job, device) || device.printerState() == QPrinter::Error)
-        return {PrintOutcome::Kind::Failed, "the printer takes no pages"};
+        return {PrintOutcome::Kind::Failed, "the printer accepts no pages"};
     return {};
 }

@@ -2,6 +2,7 @@
 
 #include "core/app_data.h"
 #include "core/messages.h"
+#include "core/shared_state.h"
 #include "qt/dialog_language.h"
 #include "qt/theme.h"
 
@@ -14,7 +15,9 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
 
 namespace {
 
@@ -99,31 +102,38 @@ void FollowFilter(QFileDialog& dialog, const QString& filter)
 
 } // namespace
 
+bool QtPlatform::MayAsk() const
+{
+    if (!Shared.Ended && BeforeBox) BeforeBox();
+    return !Shared.Ended;
+}
+
 Answer QtPlatform::Show(const MessageBox& box)
 {
-    if (BeforeBox) BeforeBox();
+    const auto& buttons = *std::find_if(std::begin(ButtonSets), std::end(ButtonSets),
+                                        [&](const ButtonSet& row) { return row.Set == box.Buttons; });
+    const Answer safe = AnswerOf(buttons.Escape);
+    if (!MayAsk()) return safe;
     QMessageBox shown(QApplication::activeWindow());
     shown.setObjectName("messageBox");
     shown.setWindowTitle(box.Title.empty() ? ProductName : QString::fromStdString(box.Title));
     shown.setText(QString::fromStdString(box.Text));
     shown.setTextFormat(Qt::PlainText);
     shown.setIcon(IconOf(box.Icon, box.Buttons));
-    for (const ButtonSet& row : ButtonSets) {
-        if (row.Set != box.Buttons) continue;
-        shown.setStandardButtons(row.Shown);
-        shown.setDefaultButton(box.SafeIsNo ? QMessageBox::No : row.Default);
-        shown.setEscapeButton(row.Escape);
-    }
+    shown.setStandardButtons(buttons.Shown);
+    shown.setDefaultButton(box.SafeIsNo ? QMessageBox::No : buttons.Default);
+    shown.setEscapeButton(buttons.Escape);
     for (const ButtonCaption& row : ButtonCaptions) {
         if (QAbstractButton* const button = shown.button(row.Button))
             button->setText(Translation(row.Caption));
     }
-    return AnswerOf(shown.exec());
+    const int button = shown.exec();
+    return Shared.Ended ? safe : AnswerOf(button); // the system has ended the program, not the user the box
 }
 
 std::optional<std::string> QtPlatform::AskForFile(const FileDialog& dialog)
 {
-    if (BeforeBox) BeforeBox();
+    if (!MayAsk()) return std::nullopt;
     const bool open = dialog.For == FileDialog::Purpose::Open;
     QFileDialog shown(QApplication::activeWindow());
     shown.setObjectName("fileDialog");
@@ -157,7 +167,7 @@ bool QtPlatform::Launch(const std::vector<std::string>& programs)
 
 std::optional<int> QtPlatform::AskForColor(int present)
 {
-    if (BeforeBox) BeforeBox();
+    if (!MayAsk()) return std::nullopt;
     const QColor chosen = QColorDialog::getColor(Theme::FromBgr(present), QApplication::activeWindow());
     return chosen.isValid() ? std::optional(Theme::ToBgr(chosen)) : std::nullopt;
 }

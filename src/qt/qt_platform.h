@@ -21,4 +21,8 @@ public:
     double Seconds() override;
     std::string LocalDataFolder() override;
     std::string ProgramFolder() override;
+
+private:
+    /// False when the program has been ended: a box gets its safe answer then, a dialog is given up.
+    bool MayAsk() const;
 };

@@ -1,5 +1,7 @@
 #include "qt/serial_port.h"
 
+#include "platform/failure_numbers.h"
+
 #include <QSerialPortInfo>
 
 #include <algorithm>
@@ -17,7 +19,8 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = LinePace::Clock;
 
-constexpr int AlreadyOpen = 8005, NotOpen = 8018, PermissionDenied = 70;
+constexpr int AlreadyOpen = Failures::PortAlreadyOpen, NotOpen = Failures::PortNotOpen;
+constexpr int PermissionDenied = Failures::PermissionDenied;
 constexpr int MostLatePolls = 50; ///< milliseconds between looks at a port that stands still
 
 std::string PathOf(const std::string& name)

@@ -75,8 +75,8 @@ void TakeCharacters()
 {
     std::string bytes;
     const auto failure = ThePort->Read(bytes);
-    // Old news: they came before the port was closed on purpose.
-    if (bytes.empty() && !ThePort->IsOpen()) return;
+    // No news, or old: they came before the port was closed on purpose.
+    if (bytes.empty() && (!failure || !ThePort->IsOpen())) return;
     const bool opens = !frmMain.frRXcode.Visible;
     if (opens) OpenPane();
     std::erase(bytes, '\0');
@@ -207,17 +207,21 @@ void ForgetReceived()
     if (const std::string kept = KeptFile(); FileExists(kept) && Beginning.empty()) RemoveFile(kept);
 }
 
+std::optional<FileFailure> WriteReceived()
+{
+    if (!Unsaved || KeptFile().empty()) return std::nullopt;
+    auto failure = ReplaceFile(KeptFile(), Beginning + ToCodePage(frmMain.txtRX.Text));
+    if (!failure) Unsaved = false;
+    return failure;
+}
+
 bool KeepReceived()
 {
-    if (!Unsaved || KeptFile().empty()) return true;
-    const auto failure = ReplaceFile(KeptFile(), Beginning + ToCodePage(frmMain.txtRX.Text));
-    if (!failure) {
-        Unsaved = false;
-        return true;
-    }
+    const auto failure = WriteReceived();
+    if (!failure) return true;
     NoteFailure(failure->Number, "cmdReceiveExit_Click");
     const std::string unsaved = Tr("%1 could not be saved: %2", {KeptFile(), Tr(failure->Reason)});
-    const MessageBox box{unsaved + "\r\n\r\n" + Tr("Go on without it?"), "", Buttons::YesNo,
+    const MessageBox box{unsaved + "\r\n\r\n" + Tr("Continue without it?"), "", Buttons::YesNo,
                          Icon::Exclamation};
     return ThePlatform->Show(box) == Answer::Yes;
 }

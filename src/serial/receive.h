@@ -7,8 +7,10 @@
 
 #pragma once
 
+#include "platform/files.h"
 #include "platform/port.h"
 
+#include <optional>
 #include <string>
 
 /// Opens the receive pane, empty, and the port if it is closed.
@@ -34,6 +36,8 @@ void CloseReceivePane();
 void ForgetReceived();
 /// Keeps a text that was neither saved nor imported. False when that failed and the user wants to stay.
 bool KeepReceived();
+/// The same without a question: the failure, if any.
+std::optional<FileFailure> WriteReceived();
 
 /// Forgets what was received, for a new beginning of the program.
 void ResetReception();

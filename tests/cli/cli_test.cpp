@@ -75,7 +75,7 @@ TEST_F(Cli, WhatCannotBeDoneSaysWhyOnOneLine)
         const char* Words;
         const char* Why; ///< part of the line
     } cases[] = {
-        {"", "subcommand"},
+        {"", "a command is missing"},
         {"chek good.cnc", ""},
         {"check", "FILE"},
         {"check --speed good.cnc", "--speed"},
@@ -99,6 +99,8 @@ TEST_F(Cli, WhatCannotBeDoneSaysWhyOnOneLine)
         {"save good.cnc -o missing/out.cnc", "out.cnc"},
         {"save good.cnc -o /proc/self/out.cnc", "out.cnc"},
         {"save good.cnc -o ''", ""},
+        {"keys --script ''", "script"},
+        {"check --language missing.txt good.cnc", "cli: missing.txt: the file does not exist"},
         {"convert good.cnc -o out.cnc", "--to"},
         {"convert good.cnc --to cm -o out.cnc", "cm"},
         {"convert good.cnc --to inch -o sub", "sub"},
@@ -246,6 +248,8 @@ TEST_F(Cli, DrawWritesAPictureOrKeepsWhatWasThere)
 
 TEST_F(Cli, ASettingsFolderIsMade)
 {
+    EXPECT_EQ(Call("--version; TMPDIR=/missing '" BRIXLEY_CLI "' keys --keys=21").Status, 0)
+        << "nor is there one";
     EXPECT_EQ(Call("keys --settings new/deep --keys='{MENU mnuExit}'").Status, 0);
     EXPECT_TRUE(File("new/deep/Settings.edt").starts_with(";BXL "));
 }
@@ -270,6 +274,19 @@ TEST_F(Cli, TheBoxOfLanguagesNamesTheModuleInForce)
         const auto state = nlohmann::json::parse(run.Out);
         EXPECT_EQ(state["controls"]["cboLanguage"]["text"], test.Shown) << test.Name;
     }
+}
+
+/// Nobody types there: the file that was open last is neither written nor spoken of.
+TEST_F(Cli, TheLastFileOfASettingsFolderStaysAsItIs)
+{
+    const std::string settings = "Metric=True\nMachine=MK4\nLastFileUsed=" + Work / "";
+    Work.Put("sub/Settings.edt", WithCrLf(settings + "good.cnc\n"));
+    for (const char* options : {"--view gcode", "--units inch", "--machine MK2", "--orientation horizontal"})
+        EXPECT_EQ(Call("check bad.cnc --settings sub " + std::string(options)).Status, 1) << options;
+    EXPECT_EQ(File("good.cnc"), WithCrLf(Good));
+    Work.Put("sub/Settings.edt", WithCrLf(settings + "letter.txt\n"));
+    EXPECT_EQ(Call("check missing.cnc --settings sub").Err,
+              "brixley-cli: missing.cnc: the file does not exist\n");
 }
 
 /// Both instances write the settings at their exit: whoever comes last has written a whole file.

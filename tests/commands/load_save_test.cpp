@@ -260,6 +260,13 @@ TEST(Save, AsksForANameUntilOneMayBeWritten)
     lvCncProgram = {};
     mnuSave_Click();
     EXPECT_EQ(Boxes(), "No Lines of code present");
+    Start("MK4 mm");
+    const Folder folder;
+    Translated.MessageTable[19] = "Remplacer";
+    Translated.Own["%1 %2?"] = "%1 %2 ?";
+    Desk.Files = {folder.Put("old", "old")};
+    mnuSaveAs_Click();
+    EXPECT_TRUE(Boxes().starts_with("Remplacer old ?;")) << Boxes();
 }
 
 TEST(Save, AFailureKeepsTheOldFileAndTellsWhy)

@@ -179,6 +179,31 @@ TEST(DrawWindow, EscapeLeavesWhatGoesOn)
     }
 }
 
+TEST(DrawWindow, OpensWithItsFrameInTheCornerThatIsFreest)
+{
+    struct Case {
+        const char *Name, *Machine, *Program;
+        std::pair<int, int> Corner;
+    };
+    const Case cases[] = {
+        {"rising to the right", "MK4", "G00 X-500 Z500", {120, 120}},
+        {"falling to the right", "MK4", "G00 X500 Z500", {6930, 120}},
+        {"all but the lower left", "MK4", "G00 X0 Z500 / G00 X500 Z500 / G00 X0 Z0", {120, 4370}},
+        {"an arc around the lower right", "F1", "G00 X0 Y0 Z0 / G02 X1000 Y1000 Z0 F50", {6930, 4370}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.Name);
+        LoadOptions options;
+        options.Machine = c.Machine;
+        BeginProgram(options);
+        Enter("G90 / " + std::string(c.Program) + " / M30");
+        RunKeyScript("{TICK}{MENU mnuDraw}");
+        EXPECT_EQ(std::pair(frmDraw.frControls.Left, frmDraw.frControls.Top), c.Corner);
+        RunKeyScript("{DRAG frControls 300 200}{MENU mnuDraw}");
+        EXPECT_EQ(std::pair(frmDraw.frControls.Left, frmDraw.frControls.Top), std::pair(300, 200));
+    }
+}
+
 TEST(DrawWindow, FrameAndZeroPoint)
 {
     OpenDrawing("{DRAG frControls 4000 3000}");

@@ -23,8 +23,8 @@ Control* ControlOf(const std::string& name)
 }
 
 /// What a case looks at: "row 3" (cells 1 to 7 without their blanks, a bar, the comment), "error 3", "focus",
-/// "selected", "lines", "top", "changed", "ended", "messages" (texts joined by bars), "titles", "tip NAME",
-/// "limits NAME", "label NAME" and "value NAME", "visible NAME", "usable NAME".
+/// "selected", "lines", "changed", "ended", "messages" (texts joined by bars), "tip NAME", "limits NAME",
+/// "value NAME", "visible NAME", "usable NAME", or a control's name for its text.
 std::string Look(const std::string& what)
 {
     const std::string name = what.substr(std::min(what.find(' ') + 1, what.size()));
@@ -122,6 +122,10 @@ const Case Entry[] = {
      "12345678901234567890123456789012345678901234"},
     {"the mill proposes the depth of the hole before", "F1",
      "81{ENTER}-500{ENTER}60{ENTER}{ENTER}21{ENTER}{ENTER}82{ENTER}{ENTER}", "txtZK", "-500"},
+    {"a line that no walk has reached keeps its Z", "F1",
+     "90{ENTER}{ENTER}M17{ENTER}{ENTER}G01{ENTER}1{ENTER}0{ENTER}-500{ENTER}60{ENTER}{ENTER}"
+     "{ROW 3}{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}",
+     "row 3", "02 01 01 00 -500 60 |"},
 };
 
 const Case Fields[] = {
@@ -187,6 +191,7 @@ const Case Lines[] = {
      "02{ENTER}500{ENTER}-200{ENTER}50{ENTER}{ENTER}-99R{ENTER}600{ENTER}{ENTER}", "row 2",
      "01 M99 I449 K397 |"},
     {"no % in the notes", "MK4", "{CLICK txtFileNotes}a%b", "txtFileNotes", "ab"},
+    {"nor a pasted one", "MK4", "{TEXT txtFileNotes 50% %}", "txtFileNotes", "50 "},
     {"deleting all comments counts as a change", "MK4", "21{ENTER}cmdWRONG{ENTER}{MENU mnuDelComments}",
      "error 1", "               "},
     {"a conversion takes the entry along", "MK4",
@@ -209,6 +214,8 @@ const Case RunAndLeave[] = {
      "selected", "2"},
     {"and stays locked", "MK4", RAPID "M30{ENTER}{ENTER}{ALT-R}{ALT-S}{ALT-S}", "usable txtComment", "no"},
     {"until Stop", "MK4", RAPID "M30{ENTER}{ENTER}{ALT-R}{ALT-S}{CLICK cmdStop}", "usable txtComment", "yes"},
+    {"a walk that was stopped doesn't go on", "MK4",
+     RAPID RAPID "{ALT-R}{ALT-S}{CLICK cmdStop}{SELECT 1}{ALT-S}", "selected", "1"},
     {"rows don't change under a walk", "MK4", RAPID RAPID "{ALT-R}{ESC}{DELETE}{INSERT}", "lines", "2"},
     {"the list says why", "MK4", RAPID "{ALT-R}{ESC}{DELETE}", "tip lvCncProgram",
      "The program is being stepped through: press Stop first"},
@@ -218,6 +225,11 @@ const Case RunAndLeave[] = {
     {"Cancel stays", "MK4", RAPID "{ANSWER Cancel}{MENU mnuExit}", "ended", "no"},
     {"a full disk stops the exit", "MK4", RAPID "{DISK FULL}{FILE out/x.cnc}{MENU mnuExit}{DISK OK}", "ended",
      "no"},
+    {"a code left for a help page doesn't keep the end code out", "MK4",
+     RAPID "01{F1}{DISK FULL}{FILE x.cnc}{CLOSE frmMain}{DISK OK}", "lines", "2"},
+    {"and a field left for one is still judged later", "MK4",
+     RAPID "01{ENTER}9999{F1}{DISK FULL}{FILE x.cnc}{CLOSE frmMain}{DISK OK}{CLICK txtComment}{ENTER}",
+     "focus", "txtXI"},
     {"an unchanged program is left at once", "MK4", "{MENU mnuExit}", "messages", ""},
     {"the refused machine comes back", "MK4", RAPID "{ANSWER No}{MACHINE F1}", "value optSettingsMK4", "1"},
     {"help is a toggle", "MK4", "{F1}{F1}", "visible rtfHelp", "no"},

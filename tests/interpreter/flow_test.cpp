@@ -118,7 +118,10 @@ TEST(Flow, ModesAndToolPositions)
         {"register of the mill", "F1 mm", "G92 X100 Y200 Z300 / G00 X50 Y200 Z0", 1, "50 200 0"},
         {"thread", "MK4 mm", "G00 X100 Z-20 / G33 Z-500 K100", 1, "100 0 -520"},
         {"absolute thread keeps X", "MK4 mm", "G90 / G00 X200 Z-20 / G33 Z-500 K100", 2, "100 0 -500"},
-        {"a cycle goes back", "MK4 mm", "G00 X100 Z0 / G84 X-300 Z-500 F50", 1, "100 0 0"},
+        {"every cycle goes back", "MK4 mm",
+         "G00 X100 Z0 / G73 Z-9 F50 / G78 X-9 Z-9 K50 / G81 Z-9 F50 / G82 Z-9 F50 / G83 Z-9 F50 / "
+         "G84 X-9 Z-9 F50 / G85 Z-9 F50 / G86 X-9 Z-10 F50 H10 / G88 X-9 Z-9 F50 / G89 Z-9 F50",
+         10, "100 0 0"},
         {"an absolute cycle goes back", "F1 mm", "G90 / G00 X7 Y8 Z0 / G81 Z-500 F50", 2, "7 8 0"},
         {"a tool change doesn't move", "F1 mm", "M06 D500 S2000 Z40 T1", 0, "0 0 0"},
         {"a letter makes no move", "MK4 mm", "G00 X10 Z0 / G00 D50 K50", 1, "10 0 0"},
@@ -203,6 +206,15 @@ TEST(Flow, TheFirstErrorNamesTheHeaderAndMarksTheSelectedRow)
     Enter("G21");
     EXPECT_EQ(lvCncProgram.Widths[CellError], 0);
     EXPECT_FALSE(Shared.ErrorsPresent);
+}
+
+TEST(Flow, FailuresBesideAWaitingRunAreKeptOneByOne)
+{
+    Start("MK4 mm");
+    Shared.RunMode = Shared.StepRequested = true;
+    Enter("G01 X10 Z0 F0 / G21"); // the first line is walked, the run waits at the second
+    for (int print = 1; print <= 2; ++print) NoteFailure(Failures::PrinterError, "mnuPrint_Click");
+    EXPECT_EQ(LogList(), "11 Interpreter; 482 mnuPrint_Click; 482 mnuPrint_Click");
 }
 
 TEST(Flow, AnEmptyProgram)

@@ -359,7 +359,7 @@ TEST_F(FilesTest, WhatCannotBeSavedOrReadSaysWhy)
         {"gone/", 53, "the file does not exist", 75, "the folder does not exist"},
         {"to-nowhere", 53, "the file does not exist", 75, "the folder does not exist"},
         {"locked.nc/part.nc", 53, "the file does not exist", 75, "the folder does not exist"},
-        {"circle", 75, "its links lead in a circle", 75, "its links lead in a circle"},
+        {"circle", 75, "its links run in a circle", 75, "its links run in a circle"},
         {std::string(300, 'n'), 75, "the name is too long", 75, "the name is too long"},
         {std::string("locked.nc\0.nc", 13), 75, "the name cannot be used", 75, "the name cannot be used"},
         {"locked.nc", 0, "", 70, "no permission to write there"},

@@ -161,11 +161,11 @@ TEST_F(DrawingWindow, OpensOnItsCanvasAndShowsWhatIsChosen)
     EXPECT_EQ(QApplication::focusWidget(), Canvas());
     EXPECT_EQ(Drawn(), 3U);
     EXPECT_TRUE(IsOnLine(453, 453));
-    EXPECT_EQ(Shown().pixelColor(700, 50), QColor(Qt::black));
+    EXPECT_EQ(Shown().pixelColor(300, 550), QColor(Qt::black));
 
     Click(frmDraw.chkAutoRedraw);
     Click(frmDraw.chkPrintableBackground);
-    EXPECT_EQ(Shown().pixelColor(700, 50), QColor(Qt::white));
+    EXPECT_EQ(Shown().pixelColor(300, 550), QColor(Qt::white));
     const QImage before = Shown();
     Click(frmDraw.chkGrid);
     EXPECT_NE(Shown(), before);
@@ -249,7 +249,12 @@ TEST_F(DrawingWindow, TheZeroPointIsChosenByAClick)
     EXPECT_EQ(Drawn(), 3U) << "[ESC] brings the picture back";
     EXPECT_EQ(Drawing.ZeroPointX, 6000);
     Click(frmDraw.cmdZeroPoint);
+    // A double click on what is drawn there then chooses no more than the place.
+    const int selected = lvCncProgram.Selected;
     ClickCanvas(500, 300);
+    QTest::mouseDClick(Canvas(), Qt::LeftButton, {}, {500, 300});
+    EXPECT_EQ(lvCncProgram.Selected, selected);
+    EXPECT_FALSE(Drawing.MeasureStarted);
     EXPECT_EQ(Drawing.ZeroPointX, 7500);
     EXPECT_TRUE(WidgetOf(frmDraw.cmdRedraw)->isEnabled());
     EXPECT_EQ(Canvas()->cursor().shape(), Qt::ArrowCursor);

@@ -13,6 +13,7 @@
 #include "qt/dialog_language.h"
 #include "qt/draw_frame.h"
 #include "qt/main_frame.h"
+#include "serial/transmit.h"
 #include "support/program.h"
 #include "ui/choice.h"
 #include "ui/focus.h"
@@ -135,6 +136,16 @@ TEST_P(InLanguage, NoTextIsCutOffInTheSmallestWindow)
             frame->Visible = false;
         frmMain.frRXcode.Visible = frmMain.frCmdRX.Visible = frmMain.cmdReceiveLast.Visible = true;
     });
+    ExpectAllFit();
+    // A program with messages goes out, and the machine sends.
+    Open(MachineKind::MK4);
+    Load(BytesOf(EXAMPLES_DIR "/mk4-mistakes.cnc"));
+    Events.Run([] {
+        SetCheck(frmMain.chkEnableCom, true);
+        mnuTX_Click();
+    });
+    Events.Run([] { Desk.Port.Receive(std::string(999, '\r')); });
+    ASSERT_TRUE(Shared.Transmitting && frmMain.txtRX.Visible);
     ExpectAllFit();
 }
 

@@ -5,11 +5,15 @@
 #include "qt/events.h"
 #include "support/process.h"
 
+#include "commands/exit.h"
 #include "commands/load.h"
 #include "commands/session.h"
+#include "core/app_data.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
+#include "platform/files.h"
+#include "qt/end_signals.h"
 #include "qt/main_frame.h"
 #include "qt/serial_port.h"
 #include "serial/receive.h"
@@ -18,8 +22,10 @@
 #include "ui/focus.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <csignal>
 #include <ctime>
 #include <gtest/gtest.h>
 #include <memory>
@@ -181,7 +187,7 @@ TEST_F(TransferWindow, ClosesBehindTheStopMark)
     EXPECT_TRUE(Shared.Transmitting);
     EXPECT_FALSE(Shared.StopSending);
     Window->close(); // Yes
-    ASSERT_TRUE(QTest::qWaitFor([] { return Shared.Ended; }, 10'000));
+    EXPECT_EQ(QApplication::exec(), 0);
     EXPECT_EQ(Sim->Wait(), 3) << Sim->Report();
     EXPECT_EQ(Desk.Boxes.size(), 2U);
 }
@@ -215,13 +221,36 @@ TEST_F(TransferWindow, TakesAMegabyteWithoutALineEnd)
     EXPECT_TRUE(frmMain.txtRX.Text == memory);
 }
 
+TEST_F(TransferWindow, KeepsWhatIsUnsavedWhenTheSystemEndsItBehindABox)
+{
+    Open("--talk 1 --memory " + Work.Put("memory", FromTheMachine), "9600");
+    struct : QtPlatform {
+        std::string Folder;
+        std::string LocalDataFolder() override { return Folder; }
+    } platform;
+    platform.Folder = Desk.DataFolder;
+    ThePlatform = &platform;
+    Shared.Changed = true;
+    const EndSignals ends([this] { Events.End(); });
+    Events.Run([] { ASSERT_FALSE(ThePort->Write("%\r\n")); }); // the machine begins
+    QTimer::singleShot(0, [this] { Events.Run(mnuExit_Click); });
+    QTimer::singleShot(500, [] { std::raise(SIGTERM); });
+    QTimer::singleShot(5000, [] { QApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0);
+    ThePlatform = &Desk;
+    EXPECT_TRUE(Shared.Ended);
+    const std::string received = BytesOf(AppDataPath() + "/Receive.txt");
+    EXPECT_TRUE(!received.empty() && std::string(FromTheMachine).starts_with(received)) << received;
+    EXPECT_EQ(FilesIn(AppDataPath(), ".cnc").size(), 1U);
+}
+
 TEST_F(TransferWindow, TellsOnceThatTheDeviceIsGoneWhileSending)
 {
     Open("--hangup 150", "9600");
     Click(frmMain.cmdTopButtons[9]);
     ExpectOneBox();
     EXPECT_FALSE(Shared.Transmitting);
-    EXPECT_TRUE(Progress().starts_with("The program was sent in part only")) << Progress();
+    EXPECT_TRUE(Progress().starts_with("Only part of the program was sent")) << Progress();
 }
 
 TEST_F(TransferWindow, TellsOnceThatTheDeviceIsGoneWhileReceiving)

@@ -182,6 +182,16 @@ TEST(Settings, TheModuleOfTheFolderWinsOverTheRememberedOne)
     folder.Put("LANGUAGE.TXT", WithCrLf(";\n;a dummy\n[menu File]\nNew=Own\n"));
     StartFrom(folder, "LanguageFileName=" + other + "\n");
     EXPECT_EQ(names(), "Other|Other|other.txt");
+
+    // What is kept of it doesn't depend on the folder that the program is started from.
+    folder.Put("LANGUAGE.TXT", WithCrLf("[menu File]\nNew=Own\n"));
+    const std::filesystem::path here = std::filesystem::current_path();
+    std::filesystem::current_path(folder / "sub");
+    LoadOptions options;
+    options.Settings = "..";
+    BeginProgram(options);
+    std::filesystem::current_path(here);
+    EXPECT_EQ(Shared.LanguageFileName, folder / "LANGUAGE.TXT");
 }
 
 TEST(Settings, SurviveTheirRoundTrip)

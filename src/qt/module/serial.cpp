@@ -1,26 +1,12 @@
 // serial.cpp: what the console program loads when a port is asked for.
 
 #include "platform/port_session.h"
+#include "qt/end_signals.h"
 #include "qt/serial_port.h"
 
 #include <QCoreApplication>
-#include <QSocketNotifier>
-
-#include <clocale>
-#include <csignal>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
-
-/// Signals become events by a pipe: a handler may do no more than write to it.
-int SignalPipe[2] = {-1, -1};
-
-void PassOn(int)
-{
-    const char mark = 0;
-    [[maybe_unused]] const ssize_t written = ::write(SignalPipe[1], &mark, 1);
-}
 
 class Session : public PortSession
 {
@@ -29,18 +15,6 @@ public:
     {
         Timer.setSingleShot(true);
         QObject::connect(&Timer, &QTimer::timeout, &Application, [this] { Waiting(); });
-        if (::pipe2(SignalPipe, O_NONBLOCK | O_CLOEXEC) != 0) return;
-        auto* const notifier = new QSocketNotifier(SignalPipe[0], QSocketNotifier::Read, &Application);
-        QObject::connect(notifier, &QSocketNotifier::activated, &Application, [this] {
-            char mark;
-            while (::read(SignalPipe[0], &mark, 1) > 0) continue;
-            if (OnInterrupt) OnInterrupt();
-        });
-        for (const int number : {SIGINT, SIGTERM, SIGHUP}) std::signal(number, PassOn);
-    }
-    ~Session() override
-    {
-        for (const int number : {SIGINT, SIGTERM, SIGHUP}) std::signal(number, SIG_DFL);
     }
 
     Port& ThisPort() override { return Serial; }
@@ -60,6 +34,9 @@ private:
     SerialPort Serial;
     QTimer Timer;
     std::function<void()> Waiting;
+    EndSignals Signals{[this] {
+        if (OnInterrupt) OnInterrupt();
+    }};
 };
 
 } // namespace
@@ -68,8 +45,5 @@ extern "C" __attribute__((visibility("default"))) PortSession* BrixleyPortSessio
 {
     // There is nobody to hear the toolkit's remarks: what fails is told by the program.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    auto* const session = new Session(device);
-    std::setlocale(LC_NUMERIC,
-                   "C"); // the toolkit has taken over the user's; numbers of programs have a point
-    return session;
+    return new Session(device);
 }
