@@ -67,7 +67,7 @@ void OpenPane()
     frmMain.frCmdEditor3.Visible = Shared.Transmitting;
     frmMain.frCmdRX.Visible = frmMain.frRXcode.Visible = true;
     EmptyPane();
-    DropFocus(frmMain.txtRX); // the field that was left is not judged
+    DropFocus(frmMain.txtRX); // the field that was left is judged when its line is written
     SetFocus(frmMain.txtRX);
 }
 
@@ -198,6 +198,7 @@ void CloseReceivePane()
     ForgetTransmissionResult();
     frmMain.lvCncProgram.ToolTip.clear();
     cmdReturn_Click();
+    SetFocus(frmMain.lvCncProgram); // before it is taken from txtRX: what OpenPane left is still to be judged
 }
 
 void ForgetReceived()

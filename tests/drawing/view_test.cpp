@@ -97,6 +97,7 @@ TEST(View, TheGridGoesThroughItsOwnZeroPoint)
         {1, 5030, 4070, "down 91, 70 to 9070; across 121, 30 to 12030", 100},
         {1, 30, -40, "down 91, -40 to 8960; across 121, 30 to 12030", 100},
         {0.5, 5000, 4000, "down 19, 0 to 9000; across 25, 0 to 12000", 1000},
+        {16, 5000, 4000, "down 7, 800 to 10400; across 9, 200 to 13000", 100},
         {32, 5000, 4000, "down 29, 160 to 9120; across 39, 200 to 12360", 10},
         {0.0625, 5000, 4000, "down 145, 32 to 9032; across 193, 40 to 12040", 1000},
         {1, -1, 77, "down 91, 0 to 9000; across 121, 0 to 12000", 100}, // in the middle

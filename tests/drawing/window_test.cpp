@@ -8,6 +8,7 @@
 #include "core/main_window.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
+#include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
 #include "drawing/line_figures.h"
 #include "drawing/measure.h"
@@ -126,7 +127,7 @@ TEST(DrawWindow, ReadoutAndMeasuring)
     EXPECT_EQ(frmDraw.txtMeasureX1.Text, "123");
     EXPECT_EQ(Focused(), &frmDraw.txtMeasureX2);
     EXPECT_EQ(frmDraw.lblMeasureDeltaX.Text, "477");
-    RunKeyScript("{UP}{LEFT}5{LEFT}{RIGHT}{LEFT},{RIGHT}"); // arrows leave a box at its ends alone
+    RunKeyScript("{UP}{LEFT}55{LEFT}{LEFT}{RIGHT},{RIGHT}"); // arrows leave a box at its ends alone
     EXPECT_EQ(Focused(), &frmDraw.txtMeasureZ1);
 
     // The third click takes the marks away again: each is drawn twice.
@@ -209,7 +210,7 @@ TEST(DrawWindow, FrameAndZeroPoint)
     EXPECT_EQ(std::pair(frmDraw.frControls.Left, frmDraw.frControls.Top), std::pair(4000, 3000));
     RunKeyScript("{CLICK cmdCloseControls}{CANVAS 500 5000}");
     EXPECT_TRUE(frmDraw.frControls.Visible);
-    EXPECT_EQ(frmDraw.frControls.Left, 1);
+    EXPECT_EQ(std::pair(frmDraw.frControls.Left, frmDraw.frControls.Top), std::pair(1, 4370));
     EXPECT_FALSE(Drawing.MeasureStarted) << "the click only brings the frame back";
     RunKeyScript("{CLICK cmdZeroPoint}");
     EXPECT_FALSE(frmDraw.cmdAutoFit.Enabled);
@@ -219,6 +220,9 @@ TEST(DrawWindow, FrameAndZeroPoint)
     // A walk that waits without its frame is given it back by a click.
     RunKeyScript("{PICK frmDraw.cboRun 2}{CLICK cmdCloseControls}{CANVAS 6000 3000}{CLICK cmdStep}");
     EXPECT_EQ(WaitingLine(), 1);
+    frmDraw.chkAutoRedraw.Value = 1;
+    frmDraw_Resize();
+    EXPECT_EQ(WaitingLine(), 1) << "the fit waits for the end of the steps";
 }
 
 TEST(DrawWindow, ProgramLinesFollowTheWalk)

@@ -117,6 +117,7 @@ const Case ComTab[] = {
     {"an open port is opened anew", COM TAB "{CLICK optPortTX(1)}", "port", "yes 2 300,N,8,1", 2},
     {"a port that isn't there can't be chosen", TAB "{CLICK optPortRX(2)}", "value optPortTX(0)", "1", 2},
     {"each option names its device", TAB, "optPortTX(1)", "Com2 – ttyUSB1", 2},
+    {"as they are when the tab is picked", "{UNPLUG}" TAB, "optPortTX(0)", "Com1"},
     {"without a device the name alone", TAB, "optPortRX(2)", "Com3", 2},
     {"other values change the settings at once",
      TAB "{CLICK optBaudTX(6)}{CLICK optParityRX(1)}{CLICK optDataBitsRX(0)}{CLICK optStopBitsRX(1)}",
@@ -208,7 +209,10 @@ const Case Receiving[] = {
     {"NULs don't show; bytes do", COM "{RX a\\x00\\xE4b\\x00\\x80}", "txtRX", "aäb€"},
     {"more is added behind, wherever the caret is", COM "{RX abc}{HOME}{RX def}", "txtRX", "abcdef"},
     {"it is counted", COM "{RX a\\r\\nb\\rc}", "lblTransfer", "3 lines received"},
-    {"a half typed value isn't judged", COM "{CLICK txtGMcode}00{ENTER}6000{RX abc}", "messages", ""},
+    {"a half typed value isn't judged", COM "{ROW 1}00{ENTER}6000{RX abc}", "messages", ""},
+    {"until its line is written",
+     COM "{ROW 1}00{ENTER}6000{RX abc}{CLICK cmdReceiveExit}{FOCUS txtComment}{ENTER}", "messages",
+     "Highest value for this field is 5999|"},
     {"the command does nothing without communication", "{CLICK cmdTopButtons(8)}", "visible frRXcode", "no"},
     {"it sets the parameters", COM TAB "{CLICK optBaudRX(6)}{CLICK cmdTopButtons(4)}{MENU mnuRX}", "port",
      "yes 1 9600,N,8,1"},
@@ -223,6 +227,8 @@ const Case Receiving[] = {
      "No Lines of code present|"},
     {"an unknown text stays", COM "{RX  abc}{CLICK cmdReceiveImport}", "txtRX", " abc"},
     {"and changes nothing", COM "{RX abc}{CLICK cmdReceiveImport}", "changed", "no 'three.cnc'"},
+    {"a saved text is a program's", COM "{RX abc}{FILE FOLDER/user/EMCO/BXL_160/a.cnc}{CLICK cmdReceiveSave}",
+     "file a.cnc", "%\\r\\n    abc"},
     {"save needs a name", COM "{RX abc}{FILE}{CLICK cmdReceiveSave}", "messages", "No file specified|"},
     {"a text that is left is kept", COM "{RX abc\\xE4}{CLICK cmdReceiveExit}", "file Receive.txt", "abc\xE4"},
     {"and offered", COM "{RX abc}{CLICK cmdReceiveExit}{MENU mnuRX}{CLICK cmdReceiveLast}", "txtRX", "abc"},
@@ -279,6 +285,7 @@ protected:
 TEST_F(Transmission, ShowsTheLineThatGoesOut)
 {
     Begin("{ROW 3}");
+    lvCncProgram.TopRow = 2; // the list scrolls along
     EXPECT_TRUE(IsUsable(frmMain.cmdStop));
     EXPECT_FALSE(frmMain.cmdRun.Visible);
     EXPECT_EQ(Look("lblTransfer"), "0 of 6 lines sent, 00:00:05 left, first message in N01");
@@ -293,6 +300,7 @@ TEST_F(Transmission, ShowsTheLineThatGoesOut)
     EXPECT_FALSE(frmMain.cmdTopButtons[0].Enabled);
     LineLeaves();
     EXPECT_EQ(Look("selected") + " " + Look("focus"), "3 lvCncProgram");
+    EXPECT_EQ(lvCncProgram.TopRow, 1);
     EXPECT_EQ(Look("lblTransfer"), "6 of 6 lines sent");
 }
 
@@ -317,9 +325,10 @@ TEST_F(Transmission, StopsBehindAnyLine)
 
 TEST_F(Transmission, LeavesStopInReachBesideAReception)
 {
-    Begin();
+    Begin(TAB "{CLICK optBaudRX(6)}{CLICK cmdTopButtons(4)}");
     Console.Port.Receive("abc");
     AfterEvent();
+    EXPECT_EQ(Look("port"), "yes 1 300,N,8,1");
     EXPECT_TRUE(frmMain.frRXcode.Visible);
     EXPECT_TRUE(IsUsable(frmMain.cmdStop));
     EXPECT_TRUE(Look("lblTransfer").starts_with("1 line received; 0 of 6 lines sent")) << Look("lblTransfer");
