@@ -198,7 +198,8 @@ const Case Sending[] = {
     {"closing: Yes stops first", COM "{MENU mnuTX}{LINES 1}{CLOSE frmMain}", "last sent", "M\\r\\n"},
     {"and then leaves", COM "{MENU mnuTX}{CLOSE frmMain}", "ended", "yes"},
     {"closing: No goes on", COM "{MENU mnuTX}{ANSWER No}{CLOSE frmMain}", "lblTransfer", "6 of 6 lines sent"},
-    {"closing twice waits for nothing", COM "{MENU mnuTX}{CLOSE frmMain}{CLOSE frmMain}", "ended", "yes"},
+    {"closing twice waits for nothing, so that no item follows",
+     COM "{MENU mnuTX}{CLOSE frmMain}{CLOSE frmMain}{MISSPELT}", "ended", "yes"},
 };
 
 const Case Receiving[] = {
