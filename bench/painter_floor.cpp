@@ -2,6 +2,7 @@
 
 #include "core/vector.h"
 #include "qt/painter_canvas.h"
+#include "qt/theme.h"
 
 #include <QLineF>
 #include <QPainter>
@@ -29,7 +30,7 @@ std::vector<Stroke> StrokesOf(const std::vector<Operation>& operations)
         if (op.Is == Op::ClearCanvas || (op.Is >= Op::SetBackColor && op.Is <= Op::Pen)) continue;
         const QPointF to(canvas.PenX() / double{TwipsPerPixel}, canvas.PenY() / double{TwipsPerPixel});
         const int width = canvas.Settings().Width;
-        QPen pen(QtColor(canvas.Settings().Fore), width);
+        QPen pen(Theme::FromBgr(canvas.Settings().Fore), width);
         pen.setCapStyle(Qt::RoundCap);
         QLineF line(op.Is == Op::DrawLine ? QPointF(op.At[0], op.At[1]) / TwipsPerPixel : from, to);
         const bool straight = op.Is == Op::DrawLine || op.Is == Op::LineTo;

@@ -9,7 +9,7 @@
 #include "core/numbers.h"
 
 /// At the standard setting of a screen, 96 pixels to the inch.
-constexpr int TwipsPerPixel = 15;
+constexpr double TwipsPerPixel = 15;
 
 /// 24 bits in blue-green-red order.
 using Color = int;

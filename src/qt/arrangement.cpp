@@ -14,9 +14,6 @@
 namespace {
 
 using W = MainWindow;
-constexpr int Gap = 4;
-/// Between two panes, and between a pane and the window's edge.
-constexpr int Space = 8;
 constexpr int StatusHeight = 24;
 
 /// The rectangle of a record in pixels; what isn't set is taken from the other.

@@ -13,12 +13,6 @@
 
 #include <utility>
 
-namespace {
-
-constexpr double TwipsToPixel = 15;
-
-} // namespace
-
 CanvasView::CanvasView(Desktop& desktop, QWidget* parent) : QWidget(parent), Events(desktop)
 {
     setObjectName("canvas");
@@ -37,7 +31,7 @@ void CanvasView::Begin()
     // A pixel of the drawing is one of the screen's logical inch, whatever its own pixels are.
     const double scale = ratio * logicalDpiX() / 96.0;
     Painter.scale(scale, scale);
-    const double toTwips = TwipsToPixel * 96.0 / logicalDpiX();
+    const double toTwips = TwipsPerPixel * 96.0 / logicalDpiX();
     Canvas = std::make_unique<PainterCanvas>(Painter, static_cast<int>(width() * toTwips) + 15,
                                              static_cast<int>(height() * toTwips) + 15,
                                              PainterCanvas::Device::Raster, scale);
@@ -117,11 +111,12 @@ void CanvasView::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
     Pointer.reset();
+    Held.reset();
 }
 
 QPointF CanvasView::InTwips(const QPointF& at) const
 {
-    return at * (TwipsToPixel * 96.0 / logicalDpiX());
+    return at * (TwipsPerPixel * 96.0 / logicalDpiX());
 }
 
 void CanvasView::ReadOut(const QPointF& at)

@@ -194,9 +194,12 @@ void PushColors(QWidget& widget, const Control& record)
     widget.setAutoFillBackground(true);
 }
 
-bool SameColors(const Control& a, const Control& b)
+/// Object name, accessible name, tip.
+void PushNames(const Control& record, QWidget& widget)
 {
-    return a.Back == b.Back && a.Fore == b.Fore;
+    widget.setObjectName(Text(FullName(record)));
+    widget.setAccessibleName(Text(AccessibleName(record)));
+    widget.setToolTip(Text(TipOf(record)));
 }
 
 } // namespace
@@ -261,7 +264,7 @@ void ControlWidgets::PushWidget(Bound& bound)
         PushCaption(widget, now);
     if (bound.Fresh || now.Items != last.Items) PushItems(widget, now);
     PushChoice(widget, now);
-    if (bound.Fresh || !SameColors(now, last)) PushColors(widget, now);
+    if (bound.Fresh || now.Back != last.Back || now.Fore != last.Fore) PushColors(widget, now);
     if (bound.Fresh || now.Enabled != last.Enabled) widget.setEnabled(now.Enabled);
     // A window shows itself.
     if (now.Is != Kind::Form && widget.isHidden() == now.Visible) widget.setVisible(now.Visible);
@@ -285,11 +288,4 @@ void ControlWidgets::PushAction(Bound& bound)
     if (action.isVisible() != now.Visible) action.setVisible(now.Visible);
     bound.Pushed = now;
     bound.Fresh = false;
-}
-
-void PushNames(const Control& record, QWidget& widget)
-{
-    widget.setObjectName(Text(FullName(record)));
-    widget.setAccessibleName(Text(AccessibleName(record)));
-    widget.setToolTip(Text(TipOf(record)));
 }

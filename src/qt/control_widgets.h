@@ -7,12 +7,10 @@
 
 #include "core/control.h"
 
-#include <memory>
 #include <unordered_map>
 #include <vector>
 
 class QAction;
-class QMenu;
 class QObject;
 class QWidget;
 
@@ -23,9 +21,12 @@ public:
     QWidget* Make(Control& record, QWidget* parent);
     /// Takes a widget that was made elsewhere.
     void Add(Control& record, QWidget* widget);
+    /// Takes the entry of a menu, or of the menu bar.
     void Add(Control& record, QAction* action);
 
+    /// The widget of a record; null for a menu, and for a record that has none yet.
     QWidget* Of(const Control& record) const;
+    /// The same as a kind of widget; null when it is another.
     template <class Widget> Widget* As(const Control& record) const
     {
         return dynamic_cast<Widget*>(Of(record));
@@ -59,6 +60,3 @@ private:
     unsigned PushedLanguage = 0;
     bool NewLanguage = false;
 };
-
-/// Names of a widget or an action: object name, accessible name, tip.
-void PushNames(const Control& record, QWidget& widget);

@@ -81,7 +81,6 @@ void Desktop::Run(const std::function<void()>& routine)
     InEvent = false;
     Render();
     if (Shared.Ended) QApplication::exit();
-    if (Later.empty() || InEvent) return;
     const auto waiting = std::exchange(Later, {});
     for (const auto& next : waiting) Run(next);
 }
@@ -145,6 +144,17 @@ void Desktop::PushActiveWindow()
     window->activateWindow();
 }
 
+namespace {
+
+/// The part of a widget that takes its keys: the line of an editable combo.
+QWidget* TakerOfKeys(QWidget* widget)
+{
+    while (widget->focusProxy() != nullptr) widget = widget->focusProxy();
+    return widget;
+}
+
+} // namespace
+
 void Desktop::PushFocus()
 {
     if (IsFindInFront()) {
@@ -163,8 +173,7 @@ void Desktop::PushFocus()
     if (focused == nullptr) return;
     QWidget* const widget = Widgets.Of(*focused);
     if (widget == nullptr) return;
-    QWidget* target = widget;
-    while (target->focusProxy() != nullptr) target = target->focusProxy();
+    QWidget* const target = TakerOfKeys(widget);
     if (target->window()->focusWidget() != target) target->setFocus(Qt::OtherFocusReason);
     if (focused == TypingBox()) PushSelection(*widget, *focused);
 }
@@ -293,9 +302,8 @@ void Desktop::OfferAndType(const KeyStroke& key, QObject* receiver, QKeyEvent* n
         CopyIn(*widget, *box);
     } else {
         // Keys may come to the old window for a moment after another was opened for them.
-        QWidget* target = box != nullptr ? Widgets.Of(*box) : nullptr;
-        while (target != nullptr && target->focusProxy() != nullptr) target = target->focusProxy();
-        static_cast<QObject*>(target != nullptr ? target : receiver)->event(native);
+        QObject* const target = box != nullptr ? TakerOfKeys(Widgets.Of(*box)) : receiver;
+        target->event(native);
     }
 }
 

@@ -76,23 +76,12 @@ private:
     bool Dragged = false;
 };
 
-QWidget* ParentOf(Desktop& desktop, const Control& record, QWidget* window)
-{
-    QWidget* const parent = desktop.Widgets.Of(*record.In);
-    return parent == nullptr ? window : parent;
-}
-
-} // namespace
-
-namespace {
-
 /// Puts a window that is to be shown where its record says, as far as the screen of today has room there.
 /// True when its record had to be made smaller for that. Places are those of the content: the toolkit doesn't
 /// know the frame of a hidden window.
 bool PlaceOnScreen(QWidget& widget, Control& window)
 {
-    QRect place(ToPixels(widget, window.Left), ToPixels(widget, window.Top), ToPixels(widget, window.Width),
-                ToPixels(widget, window.Height));
+    QRect place = PlaceInPixels(widget, window);
     const QScreen* screen = QGuiApplication::screenAt(place.center());
     if (screen == nullptr) screen = QGuiApplication::primaryScreen();
     // What a window system commonly puts around a window, in pixels.
@@ -105,9 +94,7 @@ bool PlaceOnScreen(QWidget& widget, Control& window)
         window.Width = ToTwips(widget, place.width());
         window.Height = ToTwips(widget, place.height());
     }
-    place.moveLeft(std::max(work.left(), std::min(place.left(), work.right() + 1 - place.width())));
-    place.moveTop(std::max(work.top(), std::min(place.top(), work.bottom() + 1 - place.height())));
-    widget.setGeometry(place);
+    widget.setGeometry(MovedInto(work, place));
     return !fits;
 }
 
@@ -123,17 +110,16 @@ void TakePlace(const QWidget& widget, Control& window)
 DrawFrame::DrawFrame(Desktop& desktop) : Events(desktop), Canvas(new CanvasView(desktop, this))
 {
     setWindowIcon(Theme::PictureIcon("brixley"));
+    desktop.AddWindow(frmDraw.Window, this, [this] { Render(); });
     MakeWidgets();
     LayOut();
     connect(&Pause, &QTimer::timeout, this, [this] { Events.Run(Timer1_Timer); });
-    desktop.AddWindow(frmDraw.Window, this, [this] { Render(); });
 }
 
 void DrawFrame::MakeWidgets()
 {
-    Events.Widgets.Add(frmDraw.Window, this);
     frmDraw.ForEach([&](Control& record) {
-        QWidget* const parent = ParentOf(Events, record, Canvas);
+        QWidget* const parent = Events.Widgets.Of(*record.In);
         if (&record == &frmDraw.frControls) {
             Events.Widgets.Add(record, new FloatingFrame(Events, Canvas));
         } else if (&record == &frmDraw.cmdCloseControls) {
@@ -255,11 +241,8 @@ void DrawFrame::Render()
     Canvas->setGeometry(rect());
     const Control& frame = frmDraw.frControls;
     QWidget* const controls = Events.Widgets.Of(frame);
-    QRect place(ToPixels(*this, frame.Left), ToPixels(*this, frame.Top), ToPixels(*this, frame.Width),
-                ToPixels(*this, frame.Height));
     // A maximised window doesn't keep the frame inside by itself.
-    place.moveLeft(std::max(0, std::min(place.left(), width() - place.width())));
-    place.moveTop(std::max(0, std::min(place.top(), height() - place.height())));
+    const QRect place = MovedInto(rect(), PlaceInPixels(*this, frame));
     if (controls->geometry() != place) controls->setGeometry(place);
     Title->setText(Title->fontMetrics().elidedText(QString::fromStdString(frame.Text), Qt::ElideMiddle,
                                                    place.width() - 50));
@@ -267,7 +250,6 @@ void DrawFrame::Render()
         if (over->Visible) Events.Widgets.Of(*over)->raise();
     }
     if (isVisible() != frmDraw.Window.Visible) setVisible(frmDraw.Window.Visible);
-    Canvas->setAccessibleName(QString::fromStdString(Tr("Tool path")));
     Canvas->Render();
     if (isVisible() && &ActiveWindow() == &frmDraw.Window && Focused() == nullptr && focusWidget() != Canvas)
         Canvas->setFocus(Qt::OtherFocusReason);
@@ -366,7 +348,7 @@ void DrawFrame::closeEvent(QCloseEvent* event)
 ProgramFrame::ProgramFrame(Desktop& desktop, QWidget* parent)
     : QWidget(parent, Qt::Tool | Qt::WindowStaysOnTopHint), Events(desktop)
 {
-    desktop.Widgets.Add(frmProgramWindow.Window, this);
+    desktop.AddWindow(frmProgramWindow.Window, this, [this] { Render(); });
     QFont fixed("Courier New", QFontDatabase::systemFont(QFontDatabase::FixedFont).pointSize());
     fixed.setStyleHint(QFont::Monospace);
     frmProgramWindow.ForEach([&](Control& record) {
@@ -383,7 +365,6 @@ ProgramFrame::ProgramFrame(Desktop& desktop, QWidget* parent)
         widget->setFont(fixed);
         desktop.ConnectWidgets(record);
     });
-    desktop.AddWindow(frmProgramWindow.Window, this, [this] { Render(); });
 }
 
 void ProgramFrame::Render()

@@ -13,9 +13,6 @@
 namespace {
 
 using W = MainWindow;
-constexpr int Gap = 4;
-/// Between two panes, and between a pane and the window's edge.
-constexpr int Space = 8;
 
 QWidget* Of(const ControlWidgets& widgets, const Control& record)
 {

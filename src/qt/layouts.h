@@ -4,6 +4,9 @@
 
 class ControlWidgets;
 
+/// Pixels between two controls; between two panes, and between a pane and the window's edge.
+constexpr int Gap = 4, Space = 8;
+
 /// Gives each pane the layout of its content. Once, when the widgets have been made.
 void LayOutPanes(ControlWidgets& widgets);
 

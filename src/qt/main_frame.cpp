@@ -115,10 +115,7 @@ void MainFrame::Open()
             Form_Resize();
         });
     }
-    QRect place(ToPixels(*this, window.Left), ToPixels(*this, window.Top), ToPixels(*this, window.Width),
-                ToPixels(*this, window.Height));
-    place.moveLeft(std::max(work.left(), std::min(place.left(), work.right() + 1 - place.width())));
-    place.moveTop(std::max(work.top(), std::min(place.top(), work.bottom() + 1 - place.height())));
+    const QRect place = MovedInto(work, PlaceInPixels(*this, window));
     resize(place.size());
     move(place.topLeft()); // with its frame, as moveEvent takes it
     Events.Render();
@@ -153,24 +150,22 @@ void MainFrame::Render()
     if (cursor().shape() != pointer) setCursor(pointer);
 
     // The message: words behind a sign, in a colour of its own.
-    QWidget* const message = Events.Widgets.Of(frmMain.lblMessage);
-    const QColor color = Theme::Error(palette(), QPalette::Window);
-    if (message->palette().color(QPalette::WindowText) != color) {
-        QPalette colored = palette();
-        colored.setColor(QPalette::WindowText, color);
-        message->setPalette(colored);
-    }
+    const QWidget* const message = Events.Widgets.Of(frmMain.lblMessage);
+    SetInk(frmMain.lblMessage, Theme::Error(palette(), QPalette::Window));
+    SetInk(frmMain.lblHint, Theme::Muted(palette()));
     Warning->setVisible(!frmMain.lblMessage.Text.empty());
     Warning->setGeometry(8, message->y(), 16, message->height());
     if (Warning->pixmap().isNull())
         Warning->setPixmap(Theme::PictureIcon("warning").pixmap(QSize(16, 16), devicePixelRatio()));
-    QWidget* const hint = Events.Widgets.Of(frmMain.lblHint);
-    const QColor muted = Theme::Muted(palette());
-    if (hint->palette().color(QPalette::WindowText) != muted) {
-        QPalette quiet = palette();
-        quiet.setColor(QPalette::WindowText, muted);
-        hint->setPalette(quiet);
-    }
+}
+
+void MainFrame::SetInk(const Control& label, const QColor& ink)
+{
+    QWidget& widget = *Events.Widgets.Of(label);
+    if (widget.palette().color(QPalette::WindowText) == ink) return;
+    QPalette colored = palette();
+    colored.setColor(QPalette::WindowText, ink);
+    widget.setPalette(colored);
 }
 
 void MainFrame::PushSize()

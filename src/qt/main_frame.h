@@ -34,6 +34,7 @@ private:
     void ConnectList();
     /// Title, size and state of the window, the places of its parts, the list.
     void Render();
+    void SetInk(const Control& label, const QColor& ink);
     void PushSize();
     /// The user gave the window another size or state.
     void TakeSize();

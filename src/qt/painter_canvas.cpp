@@ -1,6 +1,7 @@
 #include "qt/painter_canvas.h"
 
 #include "core/vector.h"
+#include "qt/theme.h"
 
 #include <QPainterPath>
 
@@ -9,11 +10,9 @@
 
 namespace {
 
-constexpr double TwipsToPixel = 15;
-
 /// Beyond this many pixels (a million twips) nothing is handed to the painter: lines are clipped to the
 /// surroundings of the sheet, arcs go there as lines.
-constexpr double Far = 1'000'000 / TwipsToPixel;
+constexpr double Far = 1'000'000 / TwipsPerPixel;
 
 bool IsFar(double at)
 {
@@ -62,13 +61,8 @@ QPainterPath ArcPath(const QPointF& center, double radius, double start, double 
 
 } // namespace
 
-QColor QtColor(Color color)
-{
-    return QColor(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
-}
-
 PainterCanvas::PainterCanvas(QPainter& painter, int width, int height, Device device, double ratio)
-    : To(painter), Sheet(0, 0, width / TwipsToPixel, height / TwipsToPixel), On(device), Ratio(ratio),
+    : To(painter), Sheet(0, 0, width / TwipsPerPixel, height / TwipsPerPixel), On(device), Ratio(ratio),
       Ground(Settings().Back)
 {
 }
@@ -84,7 +78,7 @@ void PainterCanvas::PaintGround()
     if (!GroundIsDue) return;
     // The figure before may have been an inverting one.
     To.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    To.fillRect(Sheet.toAlignedRect(), QtColor(Ground));
+    To.fillRect(Sheet.toAlignedRect(), Theme::FromBgr(Ground));
     Stale = true;
     GroundIsDue = false;
 }
@@ -109,13 +103,13 @@ void PainterCanvas::Apply()
     const bool inverts = IsInverting();
     To.setCompositionMode(inverts ? QPainter::CompositionMode_Difference
                                   : QPainter::CompositionMode_SourceOver);
-    QPen pen(inverts ? QColor(Qt::white) : QtColor(settings.Fore));
+    QPen pen(inverts ? QColor(Qt::white) : Theme::FromBgr(settings.Fore));
     pen.setWidthF(On == Device::Raster ? DeviceWidth() / Ratio : settings.Width);
     pen.setCapStyle(Qt::RoundCap);
     pen.setJoinStyle(Qt::RoundJoin);
     if (settings.Style == PenStyle::Dotted) pen.setDashPattern({1, 3});
     To.setPen(pen);
-    To.setBrush(settings.Fill == FillStyle::Solid ? QBrush(QtColor(settings.FillColor)) : QBrush());
+    To.setBrush(settings.Fill == FillStyle::Solid ? QBrush(Theme::FromBgr(settings.FillColor)) : QBrush());
 }
 
 bool PainterCanvas::IsInverting() const
@@ -181,7 +175,7 @@ void PainterCanvas::PaintLine(double x1, double y1, double x2, double y2)
 void PainterCanvas::Line(float x1, float y1, float x2, float y2)
 {
     Apply();
-    PaintLine(x1 / TwipsToPixel, y1 / TwipsToPixel, x2 / TwipsToPixel, y2 / TwipsToPixel);
+    PaintLine(x1 / TwipsPerPixel, y1 / TwipsPerPixel, x2 / TwipsPerPixel, y2 / TwipsPerPixel);
 }
 
 void PainterCanvas::Hatch(const QRectF& box)
@@ -189,7 +183,7 @@ void PainterCanvas::Hatch(const QRectF& box)
     constexpr double Step = 8;
     To.save();
     To.setRenderHint(QPainter::Antialiasing);
-    To.setPen(QPen(QtColor(Settings().FillColor), 1));
+    To.setPen(QPen(Theme::FromBgr(Settings().FillColor), 1));
     const QRectF seen = box.intersected(Sheet);
     // Lines y = x + c, on the same places of the sheet in every box.
     const double first = std::floor((seen.top() - seen.right()) / Step) * Step;
@@ -203,7 +197,7 @@ void PainterCanvas::Hatch(const QRectF& box)
 void PainterCanvas::Box(float fromX, float fromY)
 {
     Apply();
-    const auto place = [](double twips) { return std::clamp(twips / TwipsToPixel, -Far, Far); };
+    const auto place = [](double twips) { return std::clamp(twips / TwipsPerPixel, -Far, Far); };
     const double x1 = place(fromX), y1 = place(fromY), x2 = place(PenX()), y2 = place(PenY());
     const QRectF box = QRectF(QPointF(x1, y1), QPointF(x2, y2)).normalized();
     if (Settings().Fill == FillStyle::Diagonal) Hatch(box);
@@ -226,7 +220,7 @@ void PainterCanvas::Box(float fromX, float fromY)
 void PainterCanvas::Point()
 {
     Apply();
-    double x = PenX() / TwipsToPixel, y = PenY() / TwipsToPixel;
+    double x = PenX() / TwipsPerPixel, y = PenY() / TwipsPerPixel;
     if (IsFar(x) || IsFar(y)) return;
     if (IsThin()) {
         PaintThinLine(x, y, x, y); // a pixel
@@ -252,7 +246,7 @@ void PainterCanvas::Circle(float radius)
 void PainterCanvas::Arc(float radius, float start, float end)
 {
     Apply();
-    const double x = PenX() / TwipsToPixel, y = PenY() / TwipsToPixel, r = std::abs(radius) / TwipsToPixel;
+    const double x = PenX() / TwipsPerPixel, y = PenY() / TwipsPerPixel, r = std::abs(radius) / TwipsPerPixel;
     double sweep = double{end} - start;
     if (sweep < 0) sweep += 2 * Pi;
     if (IsFar(std::abs(x) + r) || IsFar(std::abs(y) + r)) {
@@ -284,14 +278,14 @@ void PainterCanvas::PaintFarArc(double radius, double start, double sweep)
     constexpr double MostRadius = 1e12;
     if (radius > MostRadius) return;
     const auto place = [&](double angle) {
-        return QPointF((PenX() + radius * std::cos(angle)) / TwipsToPixel,
-                       (PenY() - radius * std::sin(angle)) / TwipsToPixel);
+        return QPointF((PenX() + radius * std::cos(angle)) / TwipsPerPixel,
+                       (PenY() - radius * std::sin(angle)) / TwipsPerPixel);
     };
     // The stretch lies within this distance of its middle.
-    const double reach = radius * sweep / 2 / TwipsToPixel + Settings().Width;
+    const double reach = radius * sweep / 2 / TwipsPerPixel + Settings().Width;
     const QPointF middle = place(start + sweep / 2);
     if (!Sheet.adjusted(-reach, -reach, reach, reach).contains(middle)) return;
-    const double bulge = radius * sweep * sweep / 8 / TwipsToPixel;
+    const double bulge = radius * sweep * sweep / 8 / TwipsPerPixel;
     if (bulge > 0.1 || sweep > 1) {
         PaintFarArc(radius, start, sweep / 2);
         PaintFarArc(radius, start + sweep / 2, sweep / 2);

@@ -12,7 +12,7 @@ public:
     /// What the painter paints on: pixels, whose edges lines are put on, or a vector format.
     enum class Device { Raster, Vector };
 
-    /// Paints on a painter whose unit is a pixel of 15 twips, on a sheet of this size in twips. The device
+    /// Paints on a painter whose unit is such a pixel, on a sheet of this size in twips. The device
     /// has `ratio` pixels of its own for one such pixel.
     PainterCanvas(QPainter& painter, int width, int height, Device device, double ratio = 1);
     /// The painter is still as it was given: the ground of a sheet without figures is painted now.
@@ -54,6 +54,3 @@ private:
     bool Stale = true, GroundIsDue = false;
     Color Ground;
 };
-
-/// A colour in blue-green-red order as Qt's.
-QColor QtColor(Color color);

@@ -151,9 +151,8 @@ QWidget* TabPane::Page(int index)
         area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         area->viewport()->setAutoFillBackground(false);
         auto* page = new QWidget;
-        page->setAutoFillBackground(false);
         area->setWidget(page);
-        page->setAutoFillBackground(false);
+        page->setAutoFillBackground(false); // the area has turned it on
         Stack->addWidget(area);
     }
     return qobject_cast<QScrollArea*>(Stack->widget(index))->widget();

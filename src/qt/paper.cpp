@@ -7,7 +7,6 @@
 
 #include <QBuffer>
 #include <QFontDatabase>
-#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPdfWriter>
@@ -59,13 +58,12 @@ private:
 void PaintImage(QPainter& painter, const PrintedImage& image, double dots)
 {
     if (image.Operations == nullptr) return;
-    constexpr double TwipsToPixel = 15;
     const QRectF place(image.X * dots, image.Y * dots, image.PaperWidth * dots, image.PaperHeight * dots);
     painter.save();
     painter.setClipRect(place); // a drawing may reach beyond its window
     painter.translate(place.topLeft());
-    painter.scale(place.width() / (image.Width / TwipsToPixel),
-                  place.height() / (image.Height / TwipsToPixel));
+    painter.scale(place.width() / (image.Width / TwipsPerPixel),
+                  place.height() / (image.Height / TwipsPerPixel));
     {
         PainterCanvas canvas(painter, image.Width, image.Height, PainterCanvas::Device::Vector);
         Replay(*image.Operations, canvas);

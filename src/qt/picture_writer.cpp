@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr double TwipsToPixel = 15, TwipsToPoint = 20;
+constexpr double TwipsPerPoint = 20;
 
 void Paint(const PictureRequest& request, QPainter& painter, PainterCanvas::Device device)
 {
@@ -20,7 +20,7 @@ void Paint(const PictureRequest& request, QPainter& painter, PainterCanvas::Devi
 
 bool WritePng(const PictureRequest& request, QBuffer& to)
 {
-    const QSize size(qRound(request.Width / TwipsToPixel), qRound(request.Height / TwipsToPixel));
+    const QSize size(qRound(request.Width / TwipsPerPixel), qRound(request.Height / TwipsPerPixel));
     QImage image(size, QImage::Format_RGB32);
     if (image.isNull()) return false;
     constexpr int DotsPerMeter = 3780; // 96 to the inch
@@ -36,7 +36,7 @@ bool WriteSvg(const PictureRequest& request, QBuffer& to)
     QSvgGenerator generator;
     generator.setOutputDevice(&to);
     generator.setResolution(96);
-    const QRectF box(0, 0, request.Width / TwipsToPixel, request.Height / TwipsToPixel);
+    const QRectF box(0, 0, request.Width / TwipsPerPixel, request.Height / TwipsPerPixel);
     generator.setSize(box.size().toSize());
     generator.setViewBox(box);
     generator.setTitle(QStringLiteral("Tool path"));
@@ -50,7 +50,7 @@ bool WritePdf(const PictureRequest& request, QBuffer& to)
 {
     QPdfWriter writer(&to);
     writer.setTitle(QStringLiteral("Tool path"));
-    writer.setPageSize(QPageSize(QSizeF(request.Width / TwipsToPoint, request.Height / TwipsToPoint),
+    writer.setPageSize(QPageSize(QSizeF(request.Width / TwipsPerPoint, request.Height / TwipsPerPoint),
                                  QPageSize::Point, QString(), QPageSize::ExactMatch));
     writer.setPageMargins(QMarginsF());
     QPainter painter;

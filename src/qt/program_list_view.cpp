@@ -24,7 +24,7 @@ constexpr int Gap = 4;
 
 bool HasMessage(const ProgramLine& row)
 {
-    return row[CellError].find_first_not_of(' ') != std::string::npos;
+    return !IsBlank(row[CellError]);
 }
 
 bool IsSame(const ProgramLine& one, const ProgramLine& other)

@@ -66,8 +66,8 @@ private:
     void UpdateRows();
 
     ProgramListModel Model;
-    /// The rows that were in view when the list has changed last, from which row on (from 0), and the colours of
-    /// their codes.
+    /// The rows that were in view when the list has changed last, from which row on (from 0), and the colours
+    /// of their codes.
     std::vector<ProgramLine> Painted;
     int FirstPainted = 0;
     std::pair<float, float> PaintedColors;

@@ -19,8 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = LinePace::Clock;
 
-constexpr int AlreadyOpen = Failures::PortAlreadyOpen, NotOpen = Failures::PortNotOpen;
-constexpr int PermissionDenied = Failures::PermissionDenied;
+using Failures::PermissionDenied, Failures::PortAlreadyOpen, Failures::PortNotOpen;
 constexpr int MostLatePolls = 50; ///< milliseconds between looks at a port that stands still
 
 std::string PathOf(const std::string& name)
@@ -88,11 +87,11 @@ std::vector<std::string> SerialPort::Devices()
 /// Why the device can't be used, as far as that can be seen without opening it.
 std::optional<PortFailure> SerialPort::Refusal(const std::string& name) const
 {
-    if (name.empty()) return PortFailure{NotOpen, PortReasons::None};
+    if (name.empty()) return PortFailure{PortNotOpen, PortReasons::None};
     const std::string path = PathOf(name);
     struct stat info;
     if (::stat(path.c_str(), &info) != 0 || !S_ISCHR(info.st_mode))
-        return PortFailure{NotOpen, PortReasons::NotOpened, {name, std::string(PortReasons::NoSuchPort)}};
+        return PortFailure{PortNotOpen, PortReasons::NotOpened, {name, std::string(PortReasons::NoSuchPort)}};
     if (::access(path.c_str(), R_OK | W_OK) != 0)
         return PortFailure{PermissionDenied, PortReasons::Forbidden, {GroupOf(path)}};
     return std::nullopt;
@@ -100,7 +99,7 @@ std::optional<PortFailure> SerialPort::Refusal(const std::string& name) const
 
 std::optional<PortFailure> SerialPort::Open()
 {
-    if (Device.isOpen()) return PortFailure{AlreadyOpen};
+    if (Device.isOpen()) return PortFailure{PortAlreadyOpen};
     const std::vector<std::string> devices = Devices();
     const size_t index = static_cast<size_t>(Number - 1);
     Name = index < devices.size() ? devices[index] : "";
@@ -117,15 +116,15 @@ std::optional<PortFailure> SerialPort::Open()
     ++Opening;
     if (!Device.open(QIODevice::ReadWrite)) {
         const bool held = Device.error() == QSerialPort::PermissionError;
-        if (held) return PortFailure{AlreadyOpen, PortReasons::Held, {Name}};
-        return PortFailure{NotOpen, PortReasons::NotOpened, {Name, Device.errorString().toStdString()}};
+        if (held) return PortFailure{PortAlreadyOpen, PortReasons::Held, {Name}};
+        return PortFailure{PortNotOpen, PortReasons::NotOpened, {Name, Device.errorString().toStdString()}};
     }
     Pace.Reset();
     ToldRoom = ToldEmpty = true;
     ToldReceived = false;
     if (ApplyLine()) return std::nullopt;
     Close();
-    return PortFailure{NotOpen, PortReasons::Refused, {Name}, true};
+    return PortFailure{PortNotOpen, PortReasons::Refused, {Name}, true};
 }
 
 void SerialPort::Close()
@@ -157,12 +156,12 @@ std::optional<PortFailure> SerialPort::SetLine(const std::string& parameters)
     if (!Device.isOpen() || ApplyLine()) return std::nullopt;
     Parameters = before;
     ApplyLine();
-    return PortFailure{NotOpen, PortReasons::Refused, {Name}, true};
+    return PortFailure{PortNotOpen, PortReasons::Refused, {Name}, true};
 }
 
 std::optional<PortFailure> SerialPort::Write(std::string_view bytes)
 {
-    if (!Device.isOpen()) return Last.Number != 0 ? Last : PortFailure{NotOpen};
+    if (!Device.isOpen()) return Last.Number != 0 ? Last : PortFailure{PortNotOpen};
     const auto count = static_cast<qint64>(bytes.size());
     // A port that stands still refuses bytes; they are kept and go when it goes on.
     Writing = true;
@@ -205,7 +204,7 @@ std::optional<PortFailure> SerialPort::Read(std::string& bytes)
     const bool readable = Device.isOpen() || !Leftover.empty();
     bytes += std::exchange(Leftover, {});
     if (Device.isOpen()) bytes += Device.readAll().toStdString();
-    if (!readable) return PortFailure{NotOpen};
+    if (!readable) return PortFailure{PortNotOpen};
     return std::nullopt;
 }
 
@@ -213,7 +212,7 @@ std::optional<PortFailure> SerialPort::Read(std::string& bytes)
 void SerialPort::Lose()
 {
     Leftover += Device.readAll().toStdString();
-    Last = {NotOpen, PortReasons::Gone, {Name}};
+    Last = {PortNotOpen, PortReasons::Gone, {Name}};
     Timer.stop();
     Pace.Reset();
     Device.close();

@@ -106,11 +106,6 @@ QColor SelectedRow(const QPalette& palette, bool focused)
                  focused ? 0.30 : 0.16);
 }
 
-QColor FromBgr(int color)
-{
-    return {color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF};
-}
-
 int ToBgr(const QColor& color)
 {
     return color.red() | color.green() << 8 | color.blue() << 16;

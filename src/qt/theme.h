@@ -26,8 +26,11 @@ QColor Error(const QPalette& palette, QPalette::ColorRole background = QPalette:
 /// The selected row: stronger while its list has the keys.
 QColor SelectedRow(const QPalette& palette, bool focused);
 
-/// A colour that is kept in blue-green-red order.
-QColor FromBgr(int color);
+/// A colour that is kept in blue-green-red order, 24 bits.
+inline QColor FromBgr(int color)
+{
+    return {color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF};
+}
 int ToBgr(const QColor& color);
 
 /// Draws a picture of pictures/NAME.svg into the rectangle, its proportions kept, in the palette's colours.
