@@ -109,7 +109,8 @@ public:
 std::string ProgramAsText(const std::string& name, bool withColor)
 {
     std::string output;
-    if (const std::string& notes = frmMain.txtFileNotes.Text; !notes.empty()) output += notes + "\n\n";
+    if (const std::string& notes = frmMain.txtFileNotes.Text; !notes.empty())
+        output += Printable(notes, "\r\n\t") + "\n\n";
     if (LineCount() > 0) output += ProgramTable(withColor) + "\n";
     return output + name + ": " + SummaryLine() + "\n";
 }

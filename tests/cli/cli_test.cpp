@@ -126,8 +126,10 @@ TEST_F(Cli, WhatCannotBeDoneSaysWhyOnOneLine)
 
 TEST_F(Cli, ShowsProgramsWithMessagesToo)
 {
+    Work.Put("bad.cnc", "\x1b[2J\r\n" + WithCrLf(Bad));
     const Ran table = Call("show bad.cnc");
     EXPECT_EQ(table.Status, 0);
+    EXPECT_TRUE(table.Out.starts_with("?[2J\n\n    N  G ")) << table.Out;
     EXPECT_NE(table.Out.find("\n> "), std::string::npos) << table.Out;
     EXPECT_EQ(table.Out.find('\x1b'), std::string::npos); // no terminal, no colour
 
@@ -196,6 +198,8 @@ TEST_F(Cli, DrawPrintsTheOperationsOfTheCanvas)
     // A scale alone keeps the drawing in the middle.
     const Ran centred = Call("draw good.cnc --ops --scale 2 --canvas 15000x12000");
     EXPECT_NE(centred.Out.find("[\"DrawLine\",8400,4500,8600,6500]"), std::string::npos) << centred.Out;
+
+    EXPECT_NE(Call("draw good.cnc --ops --zero 0.0625,0").Out.find(",0.0625,"), std::string::npos);
 
     const Ran refused = Call("draw bad.cnc --ops");
     EXPECT_EQ(refused.Status, 1);
