@@ -282,6 +282,7 @@ Fault RunItem(std::string_view item)
 
 std::optional<std::string> RunKeyScript(std::string_view script)
 {
+    FillDisk(false); // an earlier script may have left it full
     while (!script.empty() && !Shared.Ended) {
         const char c = script.front();
         if (c == '{' && !script.starts_with("{{")) {

@@ -39,7 +39,7 @@ std::vector<Column> ColumnsInUse()
     const int lines = LineCount();
     for (size_t cell = CellN; cell < CellCount; ++cell) {
         const bool isY = cell == CellY || cell == CellToolY || cell == CellCenterY;
-        if (isY && Shared.Machine != MachineKind::F1) continue;
+        if (isY && !IsMill()) continue;
         Column column{cell, IsLeft(cell)};
         bool holds = false;
         for (int i = 1; i <= lines; ++i) {

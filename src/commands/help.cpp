@@ -58,9 +58,6 @@ constexpr Place Places[] = {
     {&W::txtComment, "comment"},
 };
 
-constexpr Control W::*CodeLists[] = {&W::lstMK2Gcodes, &W::lstMK4Gcodes, &W::lstMK4Mcodes, &W::lstF1Gcodes,
-                                     &W::lstF1Mcodes};
-
 std::string PlaceOfFocus()
 {
     if (Focused() == &frmMain.txtGMcode && frmMain.txtGMcode.Text.empty()) return ""; // a first look

@@ -61,10 +61,7 @@ void ClearProgram_Click()
                           &frmMain.lblTransfer}) {
         text->Text.clear();
     }
-    for (Control* list : {&frmMain.lstMK2Gcodes, &frmMain.lstMK4Gcodes, &frmMain.lstMK4Mcodes,
-                          &frmMain.lstF1Gcodes, &frmMain.lstF1Mcodes}) {
-        list->Index = -1;
-    }
+    for (const auto list : CodeLists) (frmMain.*list).Index = -1;
     frmMain.frEntry.Text = Shared.EntryCaption;
     Shared.Changed = Shared.ArcsPresent = Shared.CodeToggled = Shared.FeedButtonsOn = false;
 

@@ -24,6 +24,11 @@ struct MainWindow {
 };
 extern MainWindow frmMain;
 
+/// The lists that a code can be picked from, of all machines.
+inline constexpr Control MainWindow::*CodeLists[] = {&MainWindow::lstMK2Gcodes, &MainWindow::lstMK4Gcodes,
+                                                     &MainWindow::lstMK4Mcodes, &MainWindow::lstF1Gcodes,
+                                                     &MainWindow::lstF1Mcodes};
+
 /// The find dialog. It stays on top of the other windows and is hidden, not closed, between searches.
 struct FindWindow {
     Control Window{Kind::Form, "frmFind"};

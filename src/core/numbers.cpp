@@ -234,6 +234,7 @@ std::string FormatDecimals(double value, int decimals)
 std::string PlainNumber(double value)
 {
     if (IsSmallWhole(value)) return FormatWhole(value, 1);
+    if (!std::isfinite(value)) return "0";
     char text[32];
     const auto form = std::chars_format::scientific; // d.dddddde±xx
     *std::to_chars(text, text + sizeof text, value, form, 6).ptr = '\0';

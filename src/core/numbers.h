@@ -54,7 +54,8 @@ std::string FormatOneDecimal(double value);
 /// A fixed number of decimals, up to 20, with a point; the nearest such number to the exact value.
 std::string FormatDecimals(double value, int decimals);
 
-/// Plain decimal form at 7 significant digits, without an exponent: 12.5, 0.5, -3, 1000.
+/// Plain decimal form at 7 significant digits, without an exponent: 12.5, 0.5, -3, 1000. "0" for what is no
+/// finite number.
 std::string PlainNumber(double value);
 
 /// Puts a number's plain decimal form into a cell, aligned to the right: what RightPad makes of it.

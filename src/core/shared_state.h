@@ -138,3 +138,10 @@ struct SharedState {
     DrawBoxValues DrawBoxes;
 };
 extern SharedState Shared;
+
+/// The program is one of the mill, whose lines have a Y, whose X is a radius and which has a plane of its
+/// arcs.
+inline bool IsMill()
+{
+    return Shared.Machine == MachineKind::F1;
+}

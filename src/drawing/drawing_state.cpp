@@ -16,11 +16,6 @@ TaskSlot::Wait Delay(int milliseconds)
     });
 }
 
-bool IsMill()
-{
-    return Shared.Machine == MachineKind::F1;
-}
-
 int CanvasWidth()
 {
     return frmDraw.Window.Width;

@@ -97,9 +97,6 @@ extern TaskSlot DrawSlot;
 /// To be awaited in it: a pause, until the next tick of the timer or until Abort; none for 0.
 TaskSlot::Wait Delay(int milliseconds);
 
-/// The program is one of the mill, whose X lies along the canvas and whose Y points upward.
-bool IsMill();
-
 /// Size of the drawing window in twips, with and without its frame.
 int CanvasWidth();
 int CanvasHeight();

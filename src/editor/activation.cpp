@@ -30,7 +30,7 @@ constexpr Source Sources[] = {
 void FillEntry(const ProgramLine& row)
 {
     for (const Source& source : Sources) {
-        const bool millH = source.Cell == CellH && Shared.Machine == MachineKind::F1;
+        const bool millH = source.Cell == CellH && IsMill();
         std::string text = row[millH ? static_cast<size_t>(CellF) : source.Cell];
         std::erase_if(text, [&](char c) { return source.Letters.find(c) != std::string_view::npos; });
         (frmMain.*source.Field).Text = text;

@@ -185,10 +185,7 @@ void lstF1Mcodes_Click()
 
 void PickCode(const std::string& code)
 {
-    for (Control* list : {&frmMain.lstMK2Gcodes, &frmMain.lstMK4Gcodes, &frmMain.lstMK4Mcodes,
-                          &frmMain.lstF1Gcodes, &frmMain.lstF1Mcodes}) {
-        list->Index = -1;
-    }
+    for (const auto list : CodeLists) (frmMain.*list).Index = -1;
     Control& list = CodeListOf(StartsNoCase(code, "M"));
     for (size_t i = 0; i < list.Items.size(); ++i) {
         if (!EqualsNoCase(FirstCharacters(list.Items[i], 4), FirstCharacters(code, 4))) continue;

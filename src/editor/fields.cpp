@@ -102,11 +102,6 @@ constexpr AxisLimits AxisTable[] = {
     {true, true, false, "3999", "7999", "7999"},  {true, true, true, "9999", "19999", "19999"},
 };
 
-bool IsMill()
-{
-    return Shared.Machine == MachineKind::F1;
-}
-
 /// The slides of a lathe, or of the mill with its spindle, in the units in force.
 const AxisLimits& Axes(bool mill)
 {

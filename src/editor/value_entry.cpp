@@ -48,7 +48,7 @@ const Control* DefaultFeed()
 /// walk hasn't reached knows no place of the tool and keeps its Z.
 void ProposeMillDepth(Control& field)
 {
-    if (Shared.Machine != MachineKind::F1 || LineCount() <= 1 || lvCncProgram.Selected == 0) return;
+    if (!IsMill() || LineCount() <= 1 || lvCncProgram.Selected == 0) return;
     if (frmMain.lblGMcode.Text != "G") return;
     const Code code = CodeOfCell(" " + std::string(Trimmed(frmMain.txtGMcode.Text)) + " ");
     if (code <= G(3)) {

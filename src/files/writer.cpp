@@ -91,7 +91,7 @@ void AppendLine(std::string& text, const ProgramLine& row)
 void AppendTrailer(std::string& text)
 {
     text.append("   ").append(Shared.Metric ? "M" : "\"");
-    if (Shared.Machine == MachineKind::F1) text += Shared.Horizontal ? '-' : 'I';
+    if (IsMill()) text += Shared.Horizontal ? '-' : 'I';
     text += LineEnd;
 }
 

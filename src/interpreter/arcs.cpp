@@ -141,7 +141,7 @@ void TurnIntoM99(Pass& pass, ProgramLine& row)
     int a = 0, b = 0;
     Attempt(PassName, [&] { a = ToInt32(Distance(pass.Arc.StartA, pass.Arc.CenterA)); });
     Attempt(PassName, [&] { b = ToInt32(Distance(pass.Arc.StartB, pass.Arc.CenterB)); });
-    if (Shared.Machine != MachineKind::F1) {
+    if (!IsMill()) {
         row[CellX] = CenterCell('I', a, 4);
         row[CellZ] = CenterCell('K', b, 5);
         return;
@@ -193,7 +193,7 @@ Walk WalkArc(Pass& pass, ProgramLine& row)
     row[CellRadius] = RightPad(PlainNumber(std::floor(radius)), 6);
 
     // The mill looks at its plane from the other side.
-    const bool clockwise = (pass.LineCode == G(2)) != (Shared.Machine == MachineKind::F1);
+    const bool clockwise = (pass.LineCode == G(2)) != IsMill();
     if (std::abs(pass.Delta.X) > radius || std::abs(pass.Delta.Z) > radius) {
         return ReportAndEnd(pass, row, Messages::RadiusTooSmall);
     }

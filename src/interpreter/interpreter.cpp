@@ -84,7 +84,7 @@ void CheckLine(Pass& pass, ProgramLine& row)
     if (pass.LineCode == G(22) || pass.LineCode == M(30)) Shared.EndCodeSeen = true;
 
     const bool thread = pass.LineCode == G(33) || pass.LineCode == G(78);
-    if (thread && Shared.Machine != MachineKind::F1 && PitchHolds(pass.Words.F)) {
+    if (thread && !IsMill() && PitchHolds(pass.Words.F)) {
         WriteThreadRemark(row, pass.Words.F);
     }
     const std::string message = LimitMessage(pass.LineCode, pass.Words);
@@ -111,7 +111,7 @@ void FindDelta(Pass& pass)
 
 void FindPlane(const Pass& pass)
 {
-    if (Shared.Machine != MachineKind::F1) {
+    if (!IsMill()) {
         Shared.ArcPlane = "XZ";
         return;
     }
@@ -320,7 +320,7 @@ Walk WalkLine(Pass& pass)
 void BeginPass()
 {
     Shared.AbsoluteMode = Shared.EndCodeSeen = Shared.ErrorsPresent = Shared.ArcsPresent = false;
-    Shared.RadiusMode = Shared.Machine == MachineKind::F1;
+    Shared.RadiusMode = IsMill();
     frmMain.lblPPLinesExe.Text = "xxx";
 }
 

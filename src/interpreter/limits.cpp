@@ -134,9 +134,9 @@ ChecksByCode MillChecks(bool metric, bool horizontal)
 const ChecksByCode& ActiveChecks()
 {
     static std::optional<ChecksByCode> lathe[2], mill[2][2];
-    const bool isMill = Shared.Machine == MachineKind::F1;
-    auto& checks = isMill ? mill[Shared.Metric][Shared.Horizontal] : lathe[Shared.Metric];
-    if (!checks) checks = isMill ? MillChecks(Shared.Metric, Shared.Horizontal) : LatheChecks(Shared.Metric);
+    auto& checks = IsMill() ? mill[Shared.Metric][Shared.Horizontal] : lathe[Shared.Metric];
+    if (!checks)
+        checks = IsMill() ? MillChecks(Shared.Metric, Shared.Horizontal) : LatheChecks(Shared.Metric);
     return *checks;
 }
 

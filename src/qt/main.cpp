@@ -1,4 +1,6 @@
 // The desktop program: brixley [FILE]
+//
+// Help and version are printed on the console, also where there is no display.
 
 #include "commands/exit.h"
 #include "commands/session.h"
@@ -15,22 +17,48 @@
 #include "ui/tick.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QFileInfo>
 #include <QTimer>
 
 #include <optional>
 #include <string>
 
+namespace {
+
+constexpr const char* What =
+    "Writes, checks, draws and transfers part programs for small Emco training machines.";
+
+/// Ends the program when help or version was asked for.
+void AnswerOnConsole(QCommandLineParser& parser, int argc, char** argv)
+{
+    parser.setApplicationDescription(What);
+    const QCommandLineOption help = parser.addHelpOption(), version = parser.addVersionOption();
+    parser.addPositionalArgument("FILE", "The program to open; without it, the one that was open last.",
+                                 "[FILE]");
+    parser.parse({argv, argv + argc});
+    if (!parser.isSet(help) && !parser.isSet(version)) return;
+    const QCoreApplication console(argc, argv);
+    parser.process(console);
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
     QApplication::setApplicationName("brixley");
     QApplication::setApplicationVersion(ProductVersion);
+    QCommandLineParser parser;
+    AnswerOnConsole(parser, argc, argv);
+    const QApplication application(argc, argv);
+    parser.process(application);
     QApplication::setDesktopFileName("org.brixley.Brixley"); // a desktop shows that entry's icon
 
     std::optional<std::string> file;
-    const QStringList arguments = QApplication::arguments();
-    if (arguments.size() > 1) file = QFileInfo(arguments[1]).absoluteFilePath().toStdString();
+    const QStringList named = parser.positionalArguments();
+    if (!named.isEmpty()) file = QFileInfo(named.first()).absoluteFilePath().toStdString();
+    if (file && !QFileInfo::exists(named.first()))
+        qWarning("brixley: %s: the file does not exist", qUtf8Printable(named.first()));
 
     Desktop desktop;
     SerialPort port;

@@ -36,7 +36,7 @@ void MakeToolpositionColums()
 {
     const bool open = frmMain.chkViewToolPos.Value == 1;
     Open(CellToolX, open, 811);
-    Open(CellToolY, open && Shared.Machine == MachineKind::F1, 811);
+    Open(CellToolY, open && IsMill(), 811);
     Open(CellToolZ, open, 811);
 }
 
@@ -46,7 +46,7 @@ void MakeLinePropertiesColumns()
     const bool arcs = open && Shared.ArcsPresent;
     Open(CellAngle, open, 811);
     Open(CellCenterX, arcs, 1020);
-    Open(CellCenterY, arcs && Shared.Machine == MachineKind::F1, 1020);
+    Open(CellCenterY, arcs && IsMill(), 1020);
     Open(CellCenterZ, arcs, 1020);
     Open(CellRadius, arcs, 811);
     AutoWidth();

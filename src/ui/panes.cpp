@@ -92,7 +92,7 @@ void ControlsEnable(bool enable)
 
 void EnableByProfile()
 {
-    const bool mill = Shared.Machine == MachineKind::F1;
+    const bool mill = IsMill();
     for (Control* yAxis :
          {&frmMain.frYaxis, &frmMain.lblYAxisMin, &frmMain.lblYAxisMax, &frmMain.lblYAxisTravel}) {
         yAxis->Enabled = mill;

@@ -190,7 +190,7 @@ void ApplyMachine()
 
 Control& ShowUnits()
 {
-    const bool metric = Shared.Metric, mill = Shared.Machine == MachineKind::F1;
+    const bool metric = Shared.Metric, mill = IsMill();
     const bool horizontal = mill && Shared.Horizontal;
     frmMain.mnuMMtoINCH.Enabled = metric;
     frmMain.mnuINCHtoMM.Enabled = !metric;
