@@ -10,6 +10,7 @@
 #include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
+#include "drawing/draw_controls.h"
 #include "drawing/measure.h"
 #include "platform/recording_port.h"
 #include "qt/draw_frame.h"
@@ -73,6 +74,13 @@ void OpenDrawing(const char* name, std::initializer_list<Control*> boxes)
     ClickControl(frmDraw.cmdRedraw);
 }
 
+/// The frame of the controls is dragged to a place in twips.
+void DragFrame(float x, float y)
+{
+    frControls_MouseDown(0, 0);
+    frmDraw_DragDrop(x, y);
+}
+
 RecordingPort& TheRecorder()
 {
     return *static_cast<RecordingPort*>(ThePort); // no front end has set another
@@ -89,10 +97,10 @@ void EnableCommunication()
     tmr1sec_Timer();
 }
 
-/// A program with messages goes out and has come to a line.
-void Transmit(int lines)
+/// A program goes out and has come to a line.
+void Transmit(const char* program, int lines)
 {
-    Open("mk4-mistakes.cnc");
+    Open(program);
     EnableCommunication();
     ChooseMenu(frmMain.mnuTX);
     for (int i = 0; i < lines; ++i) {
@@ -168,6 +176,7 @@ const State States[] = {
     {"drawing-lathe",
      [] {
          OpenDrawing("mk4-chess-pawn.cnc", {&frmDraw.chkShowRadii, &frmDraw.chkGrid});
+         DragFrame(120, 5000);
          SelectRow(7);
      },
      true},
@@ -239,14 +248,16 @@ const State States[] = {
     {"drawing-measure",
      [] {
          OpenDrawing("mk4-threaded-shaft.cnc", {});
-         frmDraw_MouseDown(9000, 6000);
-         frmDraw_MouseMove(10500, 7500);
+         DragFrame(120, 5000);
+         frmDraw_MouseDown(2085, 3705); // from the end of the thread to its beginning
+         frmDraw_MouseMove(7100, 3705);
+         frmDraw_MouseDown(7100, 3705);
      },
      true},
-    {"transmission", [] { Transmit(6); }},
+    {"transmission", [] { Transmit("mk4-first-turning.cnc", 9); }},
     {"transmission-receiving",
      [] {
-         Transmit(6);
+         Transmit("mk4-mistakes.cnc", 6);
          TheRecorder().Receive(FromTheMachine);
      }},
     {"reception",
@@ -313,14 +324,16 @@ QPixmap Grab(QWidget& window, QWidget& below)
 bool Draw(Desktop& desktop, MainFrame& window, QWidget& drawing, QWidget& lines, const State& state,
           QSize size, const QString& name)
 {
-    desktop.Run([&] {
+    const auto make = [&] {
         ResetState();
         frmMain.Window.Width = size.width() * 15;
         frmMain.Window.Height = size.height() * 15;
         StartNew(MachineKind::MK4, true, false);
         LoadLanguageModule(Language);
         state.Make();
-    });
+    };
+    desktop.Run(make);
+    if (state.OfDrawing) desktop.Run(make); // the window, shown for the first time, has found its size
     desktop.Run(tmr1sec_Timer);
     QApplication::processEvents();
     return Save(state.OfDrawing ? Grab(drawing, lines) : window.grab(), name);
