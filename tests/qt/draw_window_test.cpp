@@ -76,10 +76,10 @@ TEST_F(DrawingWindow, ScaleByTheListAndByTheWheel)
     const QString title = Draw->windowTitle();
     Turn(120, {500, 450});
     EXPECT_EQ(Shared.DrawScale, 4);
+    EXPECT_EQ(Events.Widgets.As<QComboBox>(frmDraw.cboScale)->currentIndex(), 5);
     EXPECT_EQ(Draw->windowTitle(), title);
     for (const int part : {-40, -40, -40}) Turn(part, {500, 450});
     EXPECT_EQ(Shared.DrawScale, 2);
-    EXPECT_EQ(Events.Widgets.As<QComboBox>(frmDraw.cboScale)->currentIndex(), 4);
     // Above a list of the frame it isn't the list's.
     QWheelEvent over({5, 5}, {5, 5}, {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(WidgetOf(frmDraw.cboRun), &over);
