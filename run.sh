@@ -6,15 +6,15 @@ set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 
 targets=(brixley-cli brixley-pictures brixley-serial)
-packages=(g++ cmake ninja-build nlohmann-json3-dev libcli11-dev qt6-base-dev qt6-svg-dev qt6-serialport-dev)
+packages=()
 if [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]; then
     targets=(brixley "${targets[@]}")
-    packages+=(qt6-translations-l10n)
+    packages=(qt6-translations-l10n)
     [[ -n ${WAYLAND_DISPLAY:-} ]] && packages+=(qt6-wayland)
 fi
 
 [[ -x $here/build/run/${targets[0]} ]] || echo "The first build takes a few minutes." >&2
-"$here/tools/install-packages" "${packages[@]}"
+"$here/tools/install-packages" --build "${packages[@]}"
 (
     cd "$here"
     cmake --preset release -DBRIXLEY_DESKTOP=ON -DBRIXLEY_TESTS=OFF -DBRIXLEY_BENCH=OFF -B build/run >/dev/null

@@ -5,8 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-tools/install-packages git g++ cmake ninja-build nlohmann-json3-dev libcli11-dev libgtest-dev \
-    clang clang-format libclang-rt-14-dev qt6-base-dev qt6-svg-dev qt6-serialport-dev qt6-translations-l10n \
+tools/install-packages --build git libgtest-dev clang clang-format libclang-rt-14-dev qt6-translations-l10n \
     xvfb xauth xdotool cups-daemon cups-client poppler-utils libglib2.0-bin shared-mime-info
 
 echo "== Form of the sources"
@@ -26,5 +25,5 @@ if [[ ${1:-} == --sanitize ]]; then
 fi
 run_preset debug
 
-echo "== A short run of the fuzz target"
+echo "== A short run of the fuzz targets"
 tools/fuzz --short

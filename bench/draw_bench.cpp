@@ -13,6 +13,7 @@
 #include "core/program_list.h"
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
+#include "drawing/view.h"
 #include "drawing/walk.h"
 #include "painter_floor.h"
 #include "qt/painter_canvas.h"
@@ -30,7 +31,6 @@
 namespace {
 
 constexpr int Width = 1600, Height = 1000; // pixels
-constexpr int TwipsToPixel = 15;
 
 /// Four pockets of 5,000 rows each, one in each corner, and the moves between them.
 void LoadPockets()
@@ -68,17 +68,17 @@ void Open(const Program& program)
     program.Load();
     UnloadDrawing();
     Drawing.PausesTakeTime = false;
-    frmDraw.Window.Width = Width * TwipsToPixel;
-    frmDraw.Window.Height = Height * TwipsToPixel;
+    frmDraw.Window.Width = Width * TwipsPerPixel;
+    frmDraw.Window.Height = Height * TwipsPerPixel;
     frmDraw_Load();
     frmDraw.Window.Visible = true;
     cmdAutoFit_Click();
     if (program.Load == LoadPockets) {
         // Nothing has checked these lines, so the fit is made by hand: a quarter of the sheet for each
         // pocket.
-        Shared.DrawScale = 0.75F;
-        Drawing.ZeroPointX = Width * TwipsToPixel / 2.0;
-        Drawing.ZeroPointY = Height * TwipsToPixel / 2.0;
+        SetScale(0.75F);
+        Drawing.ZeroPointX = Width * TwipsPerPixel / 2.0;
+        Drawing.ZeroPointY = Height * TwipsPerPixel / 2.0;
         Redraw();
     }
 }
@@ -95,7 +95,7 @@ void RedrawOf(benchmark::State& state, const Program& program)
     for (auto _ : state) {
         Redraw();
         QPainter painter(&image);
-        PainterCanvas canvas(painter, Width * TwipsToPixel, Height * TwipsToPixel,
+        PainterCanvas canvas(painter, Width * TwipsPerPixel, Height * TwipsPerPixel,
                              PainterCanvas::Device::Raster);
         Replay(Picture.Operations(), canvas);
     }

@@ -7,7 +7,6 @@
 #include "commands/keyboard.h"
 #include "commands/session.h"
 #include "core/main_window.h"
-#include "core/profile.h"
 #include "interpreter/interpreter.h"
 #include "ui/focus.h"
 

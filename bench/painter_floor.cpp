@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int TwipsToPixel = 15;
-
 /// Where a level or upright line of this width is sharp; the canvas puts it there too.
 double OnPixel(double at, int width)
 {
@@ -27,14 +25,14 @@ std::vector<Stroke> StrokesOf(const std::vector<Operation>& operations)
     std::vector<Stroke> strokes;
     NoCanvas canvas;
     for (const Operation& op : operations) {
-        const QPointF from(canvas.PenX() / double{TwipsToPixel}, canvas.PenY() / double{TwipsToPixel});
+        const QPointF from(canvas.PenX() / double{TwipsPerPixel}, canvas.PenY() / double{TwipsPerPixel});
         Replay({&op, 1}, canvas);
         if (op.Is == Op::ClearCanvas || (op.Is >= Op::SetBackColor && op.Is <= Op::Pen)) continue;
-        const QPointF to(canvas.PenX() / double{TwipsToPixel}, canvas.PenY() / double{TwipsToPixel});
+        const QPointF to(canvas.PenX() / double{TwipsPerPixel}, canvas.PenY() / double{TwipsPerPixel});
         const int width = canvas.Settings().Width;
         QPen pen(Theme::FromBgr(canvas.Settings().Fore), width);
         pen.setCapStyle(Qt::RoundCap);
-        QLineF line(op.Is == Op::DrawLine ? QPointF(op.At[0], op.At[1]) / TwipsToPixel : from, to);
+        QLineF line(op.Is == Op::DrawLine ? QPointF(op.At[0], op.At[1]) / TwipsPerPixel : from, to);
         const bool straight = op.Is == Op::DrawLine || op.Is == Op::LineTo;
         const bool smooth = !straight || (line.x1() != line.x2() && line.y1() != line.y2());
         if (line.x1() == line.x2()) {
@@ -46,7 +44,7 @@ std::vector<Stroke> StrokesOf(const std::vector<Operation>& operations)
         }
         double sweep = double{op.At[4]} - op.At[3];
         if (sweep < 0) sweep += 2 * Pi;
-        strokes.push_back({pen, op.Is, line, op.At[2] / double{TwipsToPixel}, op.At[3] * 180 / Pi,
+        strokes.push_back({pen, op.Is, line, op.At[2] / double{TwipsPerPixel}, op.At[3] * 180 / Pi,
                            sweep * 180 / Pi, smooth});
     }
     return strokes;

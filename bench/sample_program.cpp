@@ -3,7 +3,6 @@
 #include "commands/session.h"
 #include "core/messages.h"
 #include "core/numbers.h"
-#include "core/profile.h"
 #include "core/program_list.h"
 #include "core/text.h"
 #include "files/reader.h"

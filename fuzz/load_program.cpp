@@ -14,13 +14,13 @@
 #include "core/draw_window.h"
 #include "core/failure.h"
 #include "core/main_window.h"
-#include "core/messages.h"
 #include "core/numbers.h"
 #include "core/program_list.h"
 #include "core/text.h"
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
 #include "editor/whole_program.h"
+#include "files/print_job.h"
 #include "files/reader.h"
 #include "files/writer.h"
 #include "interpreter/interpreter.h"
@@ -242,14 +242,6 @@ bool IsInOwnForm(std::string_view text)
     return true;
 }
 
-std::string Listing()
-{
-    Shared.PrintMode = true;
-    std::string text = GenerateAll();
-    Shared.PrintMode = false;
-    return text;
-}
-
 void RequireSame(const std::string& text, const std::string& again)
 {
     if (text == again) return;
@@ -263,7 +255,7 @@ void RequireStableTexts()
 {
     const std::string text = ToCodePage(GenerateAll());
     Require(text.empty() == (LineCount() == 0), "a program with lines has a text");
-    Require(Listing().empty() == text.empty(), "a program with lines has a listing");
+    Require(ListingText().empty() == text.empty(), "a program with lines has a listing");
     if (text.empty()) return;
     const bool ownForm = IsInOwnForm(text);
     Open(text);

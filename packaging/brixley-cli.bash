@@ -20,7 +20,7 @@ _brixley_cli()
         if [[ $current == -* ]]; then
             words=$(_brixley_cli_options "$help")
         else
-            words=$(sed '1,/^Subcommands:/d; s/^ *\([^ ]*\).*/\1/' <<<"$help")
+            words=$(sed '1,/^Commands:/d; s/^ *\([^ ]*\).*/\1/' <<<"$help")
         fi
         mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
         return 0

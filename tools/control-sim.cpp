@@ -29,19 +29,27 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
-constexpr const char* Usage =
-    "control-sim [--port DEVICE] [--line 300,N,8,1] [--machine MK2|MK4|F1] [--timeout SECONDS]\n"
-    "            [-o FILE] [--memory FILE] [--send] [--fast]\n"
-    "            [--talk AT] [--stall AT,SECONDS] [--drop N] [--garble N] [--hangup AT]\n"
-    "Takes a program and prints what it saw; -o stores it. --send gives the memory as soon as somebody "
-    "listens;\n"
-    "a line G66 asks for it at any time. --fast: not at the pace of the line. The last row are faults: "
-    "send the\n"
-    "memory behind AT characters in the midst of a program, stand still behind AT, lose or change each Nth, "
-    "go\n"
-    "away behind AT.\n"
-    "Exit status: 0 a whole program came (or the memory went), 3 a stop mark came, 1 anything else, 2 "
-    "usage.\n";
+constexpr const char* Usage = R"(Usage: control-sim [OPTION...]
+Plays the machine at the other end of a serial line: it takes a program and prints what it saw, or sends
+its memory. Without --port it makes a line and prints the name of the other end.
+
+  --port DEVICE         use this serial port
+  --line 300,N,8,1      baud rate, parity, data bits, stop bits
+  --machine MK2|MK4|F1  the machine that it plays (MK4)
+  --timeout SECONDS     give up so long after the start, also in the middle of a program (60)
+  -o FILE               store the program that comes in
+  --memory FILE         the program in its memory; a line G66 asks for it at any time
+  --send                send the memory as soon as somebody listens
+  --fast                don't keep to the speed of the line
+Faults that it can have:
+  --talk N              send the memory after N characters, in the middle of a program
+  --stall N,SECONDS     stand still after N characters
+  --drop N, --garble N  lose, or change, every Nth character
+  --hangup N            go away after N characters
+
+Exit status: 0 a whole program came (or the memory was sent), 3 a stop mark came, 2 wrong options or no
+line, 1 anything else.
+)";
 
 struct Options {
     std::string Port, Machine = "MK4", Store, Memory;
@@ -405,6 +413,52 @@ private:
     speed_t Speed = 0;
 };
 
+// The command line
+
+template <class Value> struct Option {
+    std::string_view Name;
+    Value Options::*Sets;
+};
+constexpr Option<bool> Flags[] = {{"--send", &Options::Send}, {"--fast", &Options::Fast}};
+constexpr Option<std::string> Texts[] = {{"--port", &Options::Port},
+                                         {"--machine", &Options::Machine},
+                                         {"-o", &Options::Store},
+                                         {"--memory", &Options::Memory}};
+constexpr Option<long> Counts[] = {{"--drop", &Options::Drop},
+                                   {"--garble", &Options::Garble},
+                                   {"--talk", &Options::TalkAt},
+                                   {"--hangup", &Options::HangUpAt}};
+
+/// The member that a word names, null when it isn't in the table.
+template <class Value, size_t count>
+Value* Find(const Option<Value> (&table)[count], std::string_view word, Options& options)
+{
+    for (const Option<Value>& option : table) {
+        if (option.Name == word) return &(options.*option.Sets);
+    }
+    return nullptr;
+}
+
+/// Whether the value of an option is one; false also for an unknown option.
+bool SetOption(Options& options, const std::string& word, const std::string& value)
+{
+    if (std::string* const text = Find(Texts, word, options)) {
+        *text = value;
+    } else if (long* const number = Find(Counts, word, options)) {
+        *number = std::atol(value.c_str());
+    } else if (word == "--timeout") {
+        options.Timeout = std::atof(value.c_str());
+    } else if (word == "--stall") {
+        return std::sscanf(value.c_str(), "%ld,%lf", &options.StallAt, &options.StallSeconds) == 2;
+    } else if (word == "--line") {
+        return std::sscanf(value.c_str(), "%d,%c,%d,%d", &options.Baud, &options.Parity, &options.DataBits,
+                           &options.StopBits) == 4;
+    } else {
+        return false;
+    }
+    return true;
+}
+
 Options ReadOptions(const std::vector<std::string>& words)
 {
     Options options;
@@ -414,44 +468,13 @@ Options ReadOptions(const std::vector<std::string>& words)
             std::fputs(Usage, stdout);
             std::exit(0);
         }
-        if (word == "--send") {
-            options.Send = true;
+        if (bool* const flag = Find(Flags, word, options)) {
+            *flag = true;
             continue;
         }
-        if (word == "--fast") {
-            options.Fast = true;
-            continue;
-        }
-        if (i + 1 == words.size()) Fail(word + ": a value is missing, or there is no such option");
-        const std::string& value = words[++i];
-        if (word == "--port")
-            options.Port = value;
-        else if (word == "--machine")
-            options.Machine = value;
-        else if (word == "-o")
-            options.Store = value;
-        else if (word == "--memory")
-            options.Memory = value;
-        else if (word == "--timeout")
-            options.Timeout = std::atof(value.c_str());
-        else if (word == "--drop")
-            options.Drop = std::atol(value.c_str());
-        else if (word == "--garble")
-            options.Garble = std::atol(value.c_str());
-        else if (word == "--talk")
-            options.TalkAt = std::atol(value.c_str());
-        else if (word == "--hangup")
-            options.HangUpAt = std::atol(value.c_str());
-        else if (word == "--stall") {
-            if (std::sscanf(value.c_str(), "%ld,%lf", &options.StallAt, &options.StallSeconds) != 2)
-                Fail("--stall: " + value);
-        } else if (word == "--line") {
-            if (std::sscanf(value.c_str(), "%d,%c,%d,%d", &options.Baud, &options.Parity, &options.DataBits,
-                            &options.StopBits) != 4)
-                Fail("--line: " + value);
-        } else {
-            Fail("there is no option " + word);
-        }
+        const std::string value = i + 1 < words.size() ? words[++i] : "";
+        if (!SetOption(options, word, value))
+            Fail("no such option, or not a value for it: " + word + " " + value);
     }
     if (options.Machine != "MK2" && options.Machine != "MK4" && options.Machine != "F1")
         Fail("there is no machine " + options.Machine);

@@ -1,7 +1,7 @@
 #include "cli/commands.h"
-#include "cli/module.h"
 
 #include "cli/key_script.h"
+#include "cli/module.h"
 #include "cli/state_json.h"
 #include "cli/summary.h"
 #include "commands/save.h"
@@ -25,7 +25,7 @@ namespace {
 /// is replaced.
 Outcome SaveTo(const std::string& target)
 {
-    if (target.empty()) return Failed("no file is named behind -o");
+    if (target.empty()) return Failed("no file is named after -o");
     Console.Boxes.clear();
     Console.Files = {target};
     mnuSaveAs_Click();
@@ -72,7 +72,7 @@ Outcome CheckFiles(const LoadOptions& options, const std::vector<std::string>& f
 {
     Outcome outcome;
     for (const std::string& file : files) {
-        if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
+        if (const auto why = OpenProgram(options, file)) return Failed(*why);
         for (const LineMessage& message : MessagesOfProgram()) {
             outcome.Output += file + ":" + message.Number + ": " + message.Text + "\n";
             outcome.Status = StatusMessages;
@@ -90,8 +90,9 @@ class TemporaryFolder
 public:
     TemporaryFolder()
     {
-        std::string name = (std::filesystem::temp_directory_path() / "brixley-XXXXXX").string();
-        if (mkdtemp(name.data()) != nullptr) Path = name;
+        std::error_code failed;
+        std::string name = (std::filesystem::temp_directory_path(failed) / "brixley-XXXXXX").string();
+        if (!failed && mkdtemp(name.data()) != nullptr) Path = name;
     }
     ~TemporaryFolder()
     {
@@ -108,7 +109,8 @@ public:
 std::string ProgramAsText(const std::string& name, bool withColor)
 {
     std::string output;
-    if (const std::string& notes = frmMain.txtFileNotes.Text; !notes.empty()) output += notes + "\n\n";
+    if (const std::string& notes = frmMain.txtFileNotes.Text; !notes.empty())
+        output += Printable(notes, "\r\n\t") + "\n\n";
     if (LineCount() > 0) output += ProgramTable(withColor) + "\n";
     return output + name + ": " + SummaryLine() + "\n";
 }
@@ -117,7 +119,7 @@ std::string ProgramAsText(const std::string& name, bool withColor)
 
 Outcome ShowFile(const LoadOptions& options, const std::string& file, bool asJson, bool withColor)
 {
-    if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
+    if (const auto why = OpenProgram(options, file)) return Failed(*why);
     if (asJson) return {StatusDone, StateAsJson()};
     return {StatusDone, ProgramAsText(file, withColor)};
 }
@@ -128,7 +130,7 @@ Outcome TypeKeys(const LoadOptions& options, const std::string& file, const std:
     const TemporaryFolder user;
     if (const auto why = BeginProgram(options, user.Path, ports)) return Failed(*why);
     if (!file.empty()) {
-        if (const auto why = LoadInto(file)) return Failed(file + ": " + *why);
+        if (const auto why = LoadInto(file)) return Failed(*why);
     }
     ThePicturePainter = PaintByModule;
     if (frmMain.cboLanguage.Items.empty()) FillLanguages();
@@ -139,21 +141,20 @@ Outcome TypeKeys(const LoadOptions& options, const std::string& file, const std:
 
 Outcome ListFile(const LoadOptions& options, const std::string& file)
 {
-    if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
-    if (LineCount() == 0) return Failed(file + ": the program has no lines");
+    if (const auto why = OpenLines(options, file)) return Failed(*why);
     return {StatusDone, ListingText()};
 }
 
 Outcome SaveFile(const LoadOptions& options, const std::string& file, const std::string& target)
 {
-    if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
+    if (const auto why = OpenProgram(options, file)) return Failed(*why);
     return SaveTo(target);
 }
 
 Outcome ConvertFile(const LoadOptions& options, const std::string& file, const std::string& units,
                     const std::string& target)
 {
-    if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
+    if (const auto why = OpenProgram(options, file)) return Failed(*why);
     if (units == "inch" && Shared.Metric) mnuMMtoINCH_click();
     if (units == "mm" && !Shared.Metric) mnuINCHtoMM_click();
     return SaveTo(target);
@@ -163,7 +164,7 @@ Outcome FingerprintFiles(const LoadOptions& options, const std::vector<std::stri
 {
     Fingerprint print;
     for (const std::string& file : files) {
-        if (const auto why = OpenProgram(options, file)) return Failed(file + ": " + *why);
+        if (const auto why = OpenProgram(options, file)) return Failed(*why);
         AddProgram(print);
     }
     return {StatusDone, print.Text() + "\n"};

@@ -24,7 +24,11 @@ struct DrawOptions {
 bool ReadCanvasSize(const std::string& text, DrawOptions& options);
 bool ReadZeroPoint(const std::string& text, DrawOptions& options);
 
-/// Loads the file and opens its drawing as the window would, drawn in one go.
+/// Opens the drawing of the program that stands, as the window would, whatever messages it has: in a window
+/// of that size without its controls, drawn in one go.
+void ShowDrawing(const DrawOptions& options);
+
+/// Loads the file and shows its drawing. One with messages is refused, unless it is forced.
 Outcome OpenDrawing(const LoadOptions& load, const DrawOptions& options, const std::string& file);
 
 /// Loads the file and draws it into `target`, an .svg, .png or .pdf file. With an empty target the operations

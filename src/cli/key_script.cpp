@@ -9,8 +9,6 @@
 #include "core/main_window.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
-#include "editor/activation.h"
-#include "editor/find.h"
 #include "platform/failing_disk.h"
 #include "ui/choice.h"
 #include "ui/focus.h"
@@ -215,11 +213,7 @@ Fault Disk(std::string_view rest)
     return Fine;
 }
 
-struct ItemRoutine {
-    std::string_view Name;
-    Fault (*Run)(std::string_view rest);
-};
-constexpr ItemRoutine Items[] = {
+constexpr Item EditorItems[] = {
     {"CLICK", Click},
     {"CHECK", Check},
     {"MENU", Menu},
@@ -276,11 +270,12 @@ Fault RunItem(std::string_view item)
     }
     std::string_view rest = item;
     const std::string name = NextWord(rest);
-    for (const ItemRoutine& routine : Items) {
-        if (routine.Name == name) return routine.Run(rest);
+    for (const std::span<const Item> items : {std::span<const Item>(EditorItems), WindowItems, PortItems}) {
+        for (const Item& known : items) {
+            if (known.Name == name) return known.Run(rest);
+        }
     }
-    if (Fault fault; RunWindowItem(name, rest, fault) || RunPortItem(name, rest, fault)) return fault;
-    return "an item of that name is not known";
+    return "there is no such item";
 }
 
 } // namespace

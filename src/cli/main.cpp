@@ -24,7 +24,8 @@ namespace {
 struct Arguments {
     LoadOptions Load;
     std::vector<std::string> Files, Columns;
-    std::string File, Target, Units, Script, Keys;
+    std::string File, Target, Units, Keys;
+    std::optional<std::string> Script;
     bool Json = false;
     int Ports = 1;
     LineOptions Line;
@@ -40,30 +41,33 @@ struct Arguments {
 /// The start makes a folder that isn't there yet; anything else of that name is in its way.
 std::string IsOrWillBeFolder(const std::string& path)
 {
-    if (path.empty()) return "A folder has a name";
+    if (path.empty()) return "a folder must be named";
     std::error_code ignored;
     const bool inTheWay = PathExists(path) && !std::filesystem::is_directory(path, ignored);
-    return inTheWay ? "This is no folder: " + path : "";
+    return inTheWay ? "this is not a folder: " + path : "";
 }
 
 void AddLoadOptions(CLI::App& command, LoadOptions& options)
 {
-    command.add_option("--machine", options.Machine, "machine in force before the load")
+    command.add_option("--machine", options.Machine, "machine, unless the file says otherwise")
         ->check(CLI::IsMember({"MK2", "MK4", "F1"}))
         ->default_str("MK4");
-    command.add_option("--units", options.Units, "units in force before the load")
+    command.add_option("--units", options.Units, "units, unless the file says otherwise")
         ->check(CLI::IsMember({"mm", "inch"}))
         ->default_str("mm");
-    command.add_option("--orientation", options.Orientation, "spindle of the F1 before the load")
+    command
+        .add_option("--orientation", options.Orientation, "spindle of the F1, unless the file says otherwise")
         ->check(CLI::IsMember({"vertical", "horizontal"}))
         ->default_str("vertical");
     command
         .add_option("--settings", options.Settings,
-                    "folder in the place of the user's, to start from its settings")
+                    "start with the settings of this folder (default: with none)")
         ->check(IsOrWillBeFolder)
         ->type_name("DIR");
     command.add_option("--language", options.Language, "language module to load first")->type_name("FILE");
-    command.add_option("--view", options.View, "boxes of the View frame: gcode,toolpos,properties,time")
+    command
+        .add_option("--view", options.View,
+                    "boxes of the View frame to switch on: gcode,toolpos,properties,time")
         ->delimiter(',')
         ->allow_extra_args(false)
         ->check(CLI::IsMember(ViewNames));
@@ -124,15 +128,18 @@ struct ViewOption {
 constexpr ViewOption ViewOptions[] = {
     {"--radii", &DrawBoxValues::Radii, "draw the radii of arcs"},
     {"--tool-width", &DrawBoxValues::ToolWidth, "draw cuts at the tool's width (F1)"},
-    {"--tool-center", &DrawBoxValues::ToolCenter, "draw the tool's centre line (F1; the default there)"},
+    {"--tool-center", &DrawBoxValues::ToolCenter,
+     "draw the path of the tool's centre (F1; the default there)"},
     {"--fill", &DrawBoxValues::FillCycles, "fill the boxes of cycles (lathes)"},
     {"--grid", &DrawBoxValues::Grid, "draw a grid"},
-    {"--white", &DrawBoxValues::Background, "draw on white"},
+    {"--white", &DrawBoxValues::Background, "draw on a white background"},
 };
 
 void AddPictureOptions(CLI::App& command, Arguments& arguments)
 {
-    command.add_option("--canvas", arguments.Canvas, "size of the drawing in twips, 15 to a pixel of a PNG")
+    command
+        .add_option("--canvas", arguments.Canvas,
+                    "size of the drawing in twips (1/1440 inch), 15 to a pixel of a PNG")
         ->type_name("WxH")
         ->default_str("12000x9000");
     command.add_option("--scale", arguments.Scale, "twips for 1/100 mm or 1/1000 inch (default: fitted)")
@@ -152,9 +159,9 @@ Outcome TakeDrawOptions(const Arguments& arguments, DrawOptions& options)
 {
     options = arguments.Draw;
     if (!arguments.Canvas.empty() && !ReadCanvasSize(arguments.Canvas, options))
-        return Failed("--canvas: not a size in twips: " + arguments.Canvas);
+        return Failed("--canvas: not a size such as 12000x9000: " + arguments.Canvas);
     if (!arguments.Zero.empty() && !ReadZeroPoint(arguments.Zero, options))
-        return Failed("--zero: not a point in twips: " + arguments.Zero);
+        return Failed("--zero: not a point such as 6000,4500: " + arguments.Zero);
     if (arguments.Scale > 0) options.Scale = arguments.Scale;
     return {};
 }
@@ -188,7 +195,8 @@ void AddDrawOptions(CLI::App& command, Arguments& arguments)
     AddFile(command, arguments);
     CLI::Option* const target =
         command.add_option("-o", arguments.Target, "picture to write: .svg, .png or .pdf")->type_name("OUT");
-    command.add_flag("--ops", arguments.Ops, "print the operations of the canvas instead")->excludes(target);
+    command.add_flag("--ops", arguments.Ops, "print the drawing operations as JSON instead")
+        ->excludes(target);
     AddPictureOptions(command, arguments);
 }
 
@@ -201,13 +209,14 @@ void AddPrintOptions(CLI::App& command, Arguments& arguments)
         ->type_name("NAME")
         ->capture_default_str();
     command
-        .add_option("--size", arguments.Print.FontSize, "its size in points; it shrinks to fit long lines")
+        .add_option("--size", arguments.Print.FontSize,
+                    "size of the font in points; long lines are made smaller to fit")
         ->check(CLI::Range(1.0, 200.0))
         ->capture_default_str();
     command.add_option("--copies", arguments.Print.Copies, "number of copies: OUT.pdf, OUT-2.pdf, ...")
         ->check(CLI::Range(1, 99))
         ->capture_default_str();
-    command.add_flag("--drawing", arguments.Print.Drawing, "print the drawing in place of the listing");
+    command.add_flag("--drawing", arguments.Print.Drawing, "print the drawing instead of the listing");
     AddPictureOptions(command, arguments);
 }
 
@@ -217,7 +226,8 @@ void AddLineOptions(CLI::App& command, Arguments& arguments)
         ->required()
         ->type_name("DEVICE");
     command
-        .add_option("--line", arguments.Line.Parameters, "baud rate, parity N, E or O, data bits, stop bits")
+        .add_option("--line", arguments.Line.Parameters,
+                    "baud rate, parity (N, E or O), data bits, stop bits")
         ->capture_default_str();
 }
 
@@ -232,7 +242,7 @@ void AddReceiveOptions(CLI::App& command, Arguments& arguments)
 {
     AddLineOptions(command, arguments);
     command.add_option("-o", arguments.Target, "file to write")->required()->type_name("OUT");
-    command.add_option("--idle", arguments.Idle, "seconds of silence that end the text")
+    command.add_option("--idle", arguments.Idle, "seconds of silence after which the text is complete")
         ->check(CLI::Range(0.001, 86400.0))
         ->capture_default_str();
 }
@@ -242,9 +252,9 @@ void AddKeysOptions(CLI::App& command, Arguments& arguments)
     command.add_option("FILE", arguments.File, "program file to load first");
     AddLoadOptions(command, arguments.Load);
     CLI::Option* const script =
-        command.add_option("--script", arguments.Script, "file with the script, - for standard input");
+        command.add_option("--script", arguments.Script, "file with the script; - is standard input");
     command.add_option("--keys", arguments.Keys, "the script itself")->excludes(script)->expected(0, 1);
-    command.add_option("--ports", arguments.Ports, "how many serial ports there are")
+    command.add_option("--ports", arguments.Ports, "number of serial ports that the script finds")
         ->check(CLI::Range(0, MaxPorts))
         ->capture_default_str();
     command.add_flag("--json", arguments.Json, "print the whole state as JSON");
@@ -254,10 +264,10 @@ void AddKeysOptions(CLI::App& command, Arguments& arguments)
 /// can't be read.
 std::optional<std::string> ReadScript(const Arguments& arguments)
 {
-    if (arguments.Script.empty()) return arguments.Keys;
+    if (!arguments.Script) return arguments.Keys;
     std::string script;
     if (arguments.Script != "-") {
-        if (ReadWholeFile(arguments.Script, script)) return std::nullopt;
+        if (ReadWholeFile(*arguments.Script, script)) return std::nullopt;
         return script;
     }
     char buffer[4096];
@@ -300,29 +310,29 @@ struct Command {
 };
 
 constexpr Command Commands[] = {
-    {"check", "print every message of the error column, and one line a file", AddFiles,
+    {"check", "print every message, and a summary line for each file", AddFiles,
      [](const Arguments& a) { return CheckFiles(a.Load, a.Files); }},
     {"show", "print the program as a table with all calculated columns", AddShowOptions,
      [](const Arguments& a) { return ShowFile(a.Load, a.File, a.Json, WantsColor()); }},
     {"draw", "draw the tool path into a picture", AddDrawOptions, DrawWith},
-    {"listing", "print the text of the printed listing", AddListingOptions,
+    {"listing", "print the text of the listing", AddListingOptions,
      [](const Arguments& a) { return ListFile(WithColumns(a), a.File); }},
     {"print", "print the listing or the drawing into a PDF file", AddPrintOptions, PrintWith},
-    {"save", "load FILE and write it again, with the end code if it has none", AddFileAndTarget,
+    {"save", "write the program again, with an end code if it has none", AddFileAndTarget,
      [](const Arguments& a) { return SaveFile(a.Load, a.File, a.Target); }},
-    {"convert", "convert the program's units and write it", AddConvertOptions,
+    {"convert", "convert the units of the program and write it", AddConvertOptions,
      [](const Arguments& a) { return ConvertFile(a.Load, a.File, a.Units, a.Target); }},
     {"send", "transmit the program to the machine over a serial port", AddSendOptions,
      [](const Arguments& a) { return SendFile(a.Load, a.Line, a.File, !a.NoFilter); }},
-    {"receive", "store what comes in at a serial port", AddReceiveOptions,
+    {"receive", "save what comes in at a serial port", AddReceiveOptions,
      [](const Arguments& a) { return ReceiveFile(a.Line, a.Target, a.Idle); }},
-    {"keys", "type a key script into the program, then print the state", AddKeysOptions,
+    {"keys", "type a key script into the program, then print the program", AddKeysOptions,
      [](const Arguments& a) {
          const auto script = ReadScript(a);
-         if (!script) return Failed(a.Script + ": the script can't be read");
+         if (!script) return Failed(*a.Script + ": the script can't be read");
          return TypeKeys(a.Load, a.File, *script, a.Ports, a.Json, WantsColor());
      }},
-    {"fingerprint", "print one number that pins the behaviour over all files", AddFiles,
+    {"fingerprint", "print one number that stands for how the files are treated", AddFiles,
      [](const Arguments& a) { return FingerprintFiles(a.Load, a.Files); }},
 };
 
@@ -331,12 +341,15 @@ constexpr Command Commands[] = {
 int main(int argc, char** argv)
 {
     std::signal(SIGXFSZ, SIG_IGN); // a limit on file sizes is then a failed write with a message
-    CLI::App app("Checks, shows, types, converts and writes part programs of small Emco training machines.",
+    CLI::App app("Checks, shows, draws, prints, converts and transfers part programs for small Emco training "
+                 "machines.",
                  "brixley-cli");
     app.set_version_flag("--version", std::string("brixley-cli ") + ProductVersion);
     app.require_subcommand(1);
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
 
-    // The parser would only say that a command is missing.
+    // The parser would say it in words of its own, and only that a command is missing.
+    if (argc < 2) return Finish(Failed("a command is missing; see --help"));
     const auto names = [&](const Command& command) {
         return argc > 1 && std::string_view(argv[1]) == command.Name;
     };
@@ -346,7 +359,7 @@ int main(int argc, char** argv)
     Arguments arguments;
     const Command* chosen = nullptr;
     for (const Command& command : Commands) {
-        CLI::App* const added = app.add_subcommand(command.Name, command.Does);
+        CLI::App* const added = app.add_subcommand(command.Name, command.Does)->group("Commands");
         added->callback([&chosen, &command] { chosen = &command; });
         command.AddOptions(*added, arguments);
     }

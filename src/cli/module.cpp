@@ -20,7 +20,7 @@ void* LoadRoutine(const std::string& file, const char* routine, const std::strin
         return nullptr;
     }
     void* const found = dlsym(module, routine);
-    if (found == nullptr) why = file + " is of another version";
+    if (found == nullptr) why = file + " belongs to another version";
     return found;
 }
 

@@ -5,6 +5,7 @@
 #include "commands/settings.h"
 #include "core/main_window.h"
 #include "core/profile.h"
+#include "core/program_list.h"
 #include "drawing/drawing_state.h"
 #include "files/reader.h"
 #include "platform/files.h"
@@ -35,7 +36,7 @@ std::optional<std::string> LoadLanguage(const std::string& file)
     const std::string path = AbsolutePath(file);
     std::string bytes;
     if (const auto failure = ReadWholeFile(path, bytes)) return file + ": " + failure->Reason;
-    if (KindOfFile(bytes) != FileKind::Language) return file + ": this is no language module";
+    if (KindOfFile(bytes) != FileKind::Language) return file + ": this is not a language module";
     LoadLanguageModule(path);
     AfterEvent();
     return std::nullopt;
@@ -55,7 +56,10 @@ std::optional<std::string> BeginProgram(const LoadOptions& options, const std::s
 {
     Console = {};
     Console.DataFolder = dataFolder;
-    Console.OtherFolder = options.Settings;
+    // Paths in it are kept from run to run, whatever the current folder then is.
+    if (!options.Settings.empty())
+        Console.OtherFolder =
+            std::filesystem::path(AbsolutePath(options.Settings + "/")).parent_path().string();
     Console.Port.Count = ports;
     ThePlatform = &Console;
     ThePort = &Console.Port;
@@ -75,12 +79,13 @@ std::optional<std::string> BeginProgram(const LoadOptions& options, const std::s
         StartProgram(std::nullopt);
         if (named && machine != Shared.Machine) Choose(OptionOfMachine(machine));
         if (!options.Orientation.empty()) Shared.Horizontal = options.Orientation == "horizontal";
-        if (!options.Units.empty() || !options.Orientation.empty()) {
+        if (!options.Units.empty() || !options.Orientation.empty())
             SetUnits(options.Units.empty() ? Shared.Metric : options.Units == "mm");
-            Shared.Changed = false;
-        }
     }
     CheckViews(options.View);
+    // The load that follows would save a changed program first: the file that was open last, which is the
+    // user's.
+    Shared.Changed = false;
     return options.Language.empty() ? std::nullopt : LoadLanguage(options.Language);
 }
 
@@ -88,15 +93,16 @@ std::optional<std::string> LoadInto(const std::string& file)
 {
     if (file.empty()) return "no file is named"; // the program's own command would ask for one
     const std::string path = AbsolutePath(file);
+    const size_t boxesOfStart = Console.Boxes.size();
     LoadFile(path);
     AfterEvent();
     if (frmMain.lblPath.Text == path) return std::nullopt;
 
     // The program's own command says nothing of a missing file, and takes a language module as one.
-    if (const std::string refusal = LastRefusal(); !refusal.empty()) return refusal;
+    if (const std::string refusal = LastRefusal(boxesOfStart); !refusal.empty()) return file + ": " + refusal;
     std::string bytes;
-    if (const auto failure = ReadWholeFile(file, bytes)) return failure->Reason;
-    return "this is a language module, not a program";
+    if (const auto failure = ReadWholeFile(file, bytes)) return file + ": " + failure->Reason;
+    return file + ": this is a language module, not a program";
 }
 
 std::optional<std::string> OpenProgram(const LoadOptions& options, const std::string& file)
@@ -105,10 +111,17 @@ std::optional<std::string> OpenProgram(const LoadOptions& options, const std::st
     return LoadInto(file);
 }
 
-std::string LastRefusal()
+std::optional<std::string> OpenLines(const LoadOptions& options, const std::string& file)
 {
-    for (auto shown = Console.Boxes.rbegin(); shown != Console.Boxes.rend(); ++shown) {
-        if (shown->Box.Icon == Icon::Exclamation) return shown->Box.Text;
+    if (const auto why = OpenProgram(options, file)) return why;
+    if (LineCount() == 0) return file + ": the program has no lines";
+    return std::nullopt;
+}
+
+std::string LastRefusal(size_t earlier)
+{
+    for (size_t i = Console.Boxes.size(); i > earlier; --i) {
+        if (const MessageBox& box = Console.Boxes[i - 1].Box; box.Icon == Icon::Exclamation) return box.Text;
     }
     return "";
 }

@@ -45,7 +45,7 @@ Fault BytesOfText(std::string_view text, std::string& bytes)
             bytes += static_cast<char>(high * 16 + low);
             i += 2;
         } else {
-            return "a backslash needs r, n, x and two digits, or another one behind it";
+            return "after a backslash comes r, n, x with two digits, or another backslash";
         }
     }
     flush();
@@ -82,7 +82,7 @@ Fault Unplug(std::string_view)
     return Fine;
 }
 
-constexpr std::pair<std::string_view, Fault (*)(std::string_view rest)> Items[] = {
+constexpr Item Items[] = {
     {"RX", Receive},
     {"LINES", Lines},
     {"PORT", FailPort},
@@ -91,15 +91,7 @@ constexpr std::pair<std::string_view, Fault (*)(std::string_view rest)> Items[] 
 
 } // namespace
 
-bool RunPortItem(std::string_view name, std::string_view rest, Fault& fault)
-{
-    for (const auto& [item, run] : Items) {
-        if (item != name) continue;
-        fault = run(rest);
-        return true;
-    }
-    return false;
-}
+const std::span<const Item> PortItems(Items);
 
 void FinishTransmission()
 {

@@ -2,14 +2,12 @@
 
 #include "cli/module.h"
 #include "commands/printing.h"
-#include "core/program_list.h"
+#include "core/numbers.h"
 #include "core/text.h"
 #include "drawing/picture_file.h"
 #include "drawing/printing.h"
-#include "files/print_job.h"
 #include "platform/files.h"
 
-#include <cstdio>
 #include <ctime>
 
 namespace {
@@ -75,23 +73,20 @@ Outcome PrintFile(const LoadOptions& load, const PrintOptions& options, const st
 {
     PictureFormat format{};
     if (!FormatOfFile(target, format) || format != PictureFormat::Pdf)
-        return Failed(target + ": the name of a printed file ends in .pdf");
+        return Failed(target + ": the name of a printed file must end in .pdf");
     if (options.Drawing) {
         if (const Outcome opened = OpenDrawing(load, options.Draw, file); opened.Status != StatusDone)
             return opened;
     } else {
-        if (const auto why = OpenProgram(load, file)) return Failed(file + ": " + *why);
-        if (LineCount() == 0) return Failed(file + ": the program has no lines");
+        if (const auto why = OpenLines(load, file)) return Failed(*why);
     }
     std::string why;
     PrintPdfRoutine* const paint = LoadPdfPrinter(why);
     if (paint == nullptr) return Failed(why);
 
     Console.Clock = LocalTime(); // the date stands on the paper
-    char size[32];
-    std::snprintf(size, sizeof size, "%g", options.FontSize);
     Shared.FontName = options.FontName;
-    Shared.FontSize = size;
+    Shared.FontSize = PlainNumber(options.FontSize);
     Console.Boxes.clear();
     PdfFiles printer(target, options.Copies, paint);
     const InPlaceOfPrinter meanwhile(printer);

@@ -7,6 +7,7 @@
 #include "ui/focus.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 

@@ -5,12 +5,19 @@
 #include "core/control.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
 /// What is wrong with an item, or nothing.
 using Fault = std::optional<std::string>;
 constexpr std::nullopt_t Fine = std::nullopt;
+
+/// An item by its name in braces, and what runs it on the words behind that.
+struct Item {
+    std::string_view Name;
+    Fault (*Run)(std::string_view rest);
+};
 
 /// Takes the next word from what is left of an item; "" behind the last.
 std::string NextWord(std::string_view& rest);

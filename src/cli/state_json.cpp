@@ -265,7 +265,7 @@ Json DrawState()
             {"MeasureDone", Drawing.MeasureDone},
             {"PickingZeroPoint", Drawing.PickingZeroPoint},
             {"GridDivision", Drawing.GridDivision},
-            {"pointer", PointerName(Drawing.Crosshair)},
+            {"pointer", PointerName(Drawing.IsPicking())},
             {"controls", controls},
             {"ops", ops}};
 }

@@ -53,16 +53,6 @@ std::vector<Column> ColumnsInUse()
     return columns;
 }
 
-/// A file may bring any byte; a terminal must not take one for a command.
-std::string Printable(std::string_view text)
-{
-    std::string printable(text);
-    for (char& c : printable) {
-        if (static_cast<unsigned char>(c) < ' ' || c == '\x7f') c = '?';
-    }
-    return printable;
-}
-
 std::string Aligned(std::string_view raw, const Column& column)
 {
     const std::string text = Printable(raw);
@@ -94,6 +84,16 @@ const char* ColorOf(const ProgramLine& row)
 }
 
 } // namespace
+
+std::string Printable(std::string_view text, std::string_view kept)
+{
+    std::string printable(text);
+    for (char& c : printable) {
+        const bool control = static_cast<unsigned char>(c) < ' ' || c == '\x7f';
+        if (control && kept.find(c) == std::string_view::npos) c = '?';
+    }
+    return printable;
+}
 
 std::vector<LineMessage> MessagesOfProgram()
 {

@@ -3,7 +3,12 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
+
+/// The text with a "?" for each control character but those that are kept: a file may bring any byte, and a
+/// terminal must not take one for a command.
+std::string Printable(std::string_view text, std::string_view kept = "");
 
 /// One message of the error column: the line's number as "N05" and the text.
 struct LineMessage {

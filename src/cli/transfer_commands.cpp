@@ -3,7 +3,6 @@
 #include "cli/module.h"
 #include "commands/session.h"
 #include "core/main_window.h"
-#include "core/program_list.h"
 #include "editor/run.h"
 #include "platform/files.h"
 #include "serial/receive.h"
@@ -26,7 +25,8 @@ public:
     /// Why the port can't be used, or "".
     std::string Begin(const LineOptions& line)
     {
-        if (!ReadLineParameters(line.Parameters)) return "--line: not line parameters: " + line.Parameters;
+        if (!ReadLineParameters(line.Parameters))
+            return "--line: not line parameters such as 300,N,8,1: " + line.Parameters;
         if (line.Device.empty()) return "no port is named";
         std::string why;
         PortSessionRoutine* const open = LoadPortSession(why);
@@ -76,8 +76,7 @@ std::string PortTroubleText()
 
 Outcome SendFile(const LoadOptions& load, const LineOptions& line, const std::string& file, bool filter)
 {
-    if (const auto why = OpenProgram(load, file)) return Failed(file + ": " + *why);
-    if (LineCount() == 0) return Failed(file + ": the program has no lines");
+    if (const auto why = OpenLines(load, file)) return Failed(*why);
     RealPort port;
     if (const std::string why = port.Begin(line); !why.empty()) return Failed(why);
 
@@ -109,7 +108,7 @@ Outcome SendFile(const LoadOptions& load, const LineOptions& line, const std::st
         progress.End();
     }
 
-    if (abandoned) return Failed(file + ": given up; the stop mark has not left");
+    if (abandoned) return Failed(file + ": given up before the stop mark was sent");
     if (const std::string why = PortTroubleText(); !why.empty()) return Failed(file + ": not sent: " + why);
     if (HowTransmissionEnded() == TransmissionEnd::Sent) return {};
     return Failed(file + ": " + TransmissionText());
@@ -129,7 +128,7 @@ std::string KeepElsewhere(const std::string& bytes)
 
 Outcome ReceiveFile(const LineOptions& line, const std::string& target, double idle)
 {
-    if (target.empty()) return Failed("no file is named behind -o");
+    if (target.empty()) return Failed("no file is named after -o");
     RealPort port;
     ThePlatform = &Console;
     if (const std::string why = port.Begin(line); !why.empty()) return Failed(why);

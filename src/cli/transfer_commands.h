@@ -4,13 +4,14 @@
 
 #include "cli/open_program.h"
 #include "cli/outcome.h"
+#include "platform/line_parameters.h"
 
 #include <string>
 
 /// The values of the COM tab: "300,N,8,1".
 struct LineOptions {
     std::string Device;
-    std::string Parameters = "300,N,8,1";
+    std::string Parameters = StandardLine();
 };
 
 /// Transmits a program line by line, with its progress on standard error. An interrupt sends the stop mark in

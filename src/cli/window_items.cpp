@@ -183,7 +183,7 @@ Fault Pauses(std::string_view rest)
     return Fine;
 }
 
-constexpr std::pair<std::string_view, Fault (*)(std::string_view rest)> Items[] = {
+constexpr Item Items[] = {
     {"TICK", Tick},         {"ACTIVATE", Activate}, {"RESIZE", Resize}, {"MAXIMIZE", Maximize},
     {"MINIMIZE", Minimize}, {"RESTORE", Restore},   {"CLOSE", Close},   {"CANVAS", ClickCanvas},
     {"MOVE", Move},         {"DRAG", Drag},         {"PAUSES", Pauses},
@@ -191,12 +191,4 @@ constexpr std::pair<std::string_view, Fault (*)(std::string_view rest)> Items[] 
 
 } // namespace
 
-bool RunWindowItem(std::string_view name, std::string_view rest, Fault& fault)
-{
-    for (const auto& [item, run] : Items) {
-        if (item != name) continue;
-        fault = run(rest);
-        return true;
-    }
-    return false;
-}
+const std::span<const Item> WindowItems(Items);

@@ -4,5 +4,4 @@
 
 #include "cli/script_words.h"
 
-/// Runs the item if it is one of these. False when it is none; `fault` then stays.
-bool RunWindowItem(std::string_view name, std::string_view rest, Fault& fault);
+extern const std::span<const Item> WindowItems;

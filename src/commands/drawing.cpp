@@ -31,6 +31,7 @@ struct Event {
     Control D::*Of;
     Slots On;
 };
+
 void frControls_Click()
 {
     frControls_MouseDown(0, 0);
@@ -136,7 +137,7 @@ void cmdSavePicture_Click()
     if (!chosen || chosen->empty()) return;
     PictureFormat format{};
     if (!FormatOfFile(*chosen, format)) {
-        ShowMessage(Tr("A picture's name ends in .svg, .png or .pdf"), "", Icon::Exclamation);
+        ShowMessage(Tr("The name of a picture must end in .svg, .png or .pdf"), "", Icon::Exclamation);
         return;
     }
     std::string bytes;

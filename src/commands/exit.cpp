@@ -133,7 +133,7 @@ void OfferKeptProgram()
         std::string bytes;
         if (!name.starts_with(KeptName) || ReadWholeFile(path, bytes)) continue;
         const std::string question =
-            Tr("When the system ended Brixley last, a program was not saved. Open it now?");
+            Tr("A program was not saved when the system closed Brixley. Open it now?");
         const Answer answer = ThePlatform->Show({question, "", Buttons::YesNo, Icon::Question});
         if (answer == Answer::Yes && LoadUnnamed(bytes, name)) KeptFile = path;
         return;

@@ -1,8 +1,8 @@
 // exit.h: leaving the program, by the user or by the system.
 //
 // The user is asked about a changed program. The system (a signal, the end of the session) asks nobody and
-// waits for nobody, so what would be lost is kept in the user's folder: a received text like one that was left
-// in its pane, a changed program in a file "Unsaved-NUMBER.cnc", which the next start offers.
+// waits for nobody, so what would be lost is kept in the user's folder: a received text like one that was
+// left in its pane, a changed program in a file "Unsaved-NUMBER.cnc", which the next start offers.
 
 #pragma once
 

@@ -7,6 +7,7 @@
 #include "core/profile.h"
 #include "core/shared_state.h"
 #include "core/text.h"
+#include "editor/code_box.h"
 #include "settings/help_pages.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
@@ -90,11 +91,7 @@ std::string CodeOfList(const Control& list)
 std::string CodeOfEntry()
 {
     const std::string code = frmMain.lblGMcode.Text + UpperCase(Trimmed(frmMain.txtGMcode.Text));
-    const bool letterM = frmMain.lblGMcode.Text == "M";
-    const Control* list = &frmMain.lstMK2Gcodes;
-    if (Shared.Machine == MachineKind::MK4) list = letterM ? &frmMain.lstMK4Mcodes : &frmMain.lstMK4Gcodes;
-    if (Shared.Machine == MachineKind::F1) list = letterM ? &frmMain.lstF1Mcodes : &frmMain.lstF1Gcodes;
-    return IsListed(*list, code) ? code : "";
+    return IsListed(CodeListOf(frmMain.lblGMcode.Text == "M"), code) ? code : "";
 }
 
 /// The code whose field has the cursor, or that is selected in the list that has it; "" elsewhere.

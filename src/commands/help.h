@@ -12,7 +12,7 @@
 void mnuHelpText_Click();
 /// The codes of the machine.
 void mnuGhelp_Click();
-/// Version and translator over the history of versions.
+/// Version and translator over the version history.
 void mnuAbout_Click();
 void lstAbout_Click();
 

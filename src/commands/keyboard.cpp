@@ -5,11 +5,9 @@
 #include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
-#include "core/shared_state.h"
 #include "core/text.h"
 #include "drawing/drawing_state.h"
 #include "drawing/measure.h"
-#include "drawing/walk.h"
 #include "editor/activation.h"
 #include "editor/find.h"
 #include "ui/choice.h"
@@ -36,6 +34,9 @@ constexpr MenuShortcut MenuShortcuts[] = {
     {'M', &W::mnuCalculator}, {'N', &W::mnuNew},  {'O', &W::mnuOpen}, {'P', &W::mnuPrint},
     {'R', &W::mnuRX},         {'S', &W::mnuSave}, {'T', &W::mnuTX},
 };
+
+/// [CTRL] with this letter goes to the next line with a message, with [SHIFT] to the previous one.
+constexpr char MessageLetter = 'E';
 
 /// [ALT] with a letter presses a button: the marked one of its caption in the language in force, or this one,
 /// which the English caption marks. Stop has none and takes P, so that a run can be left without the mouse.
@@ -110,7 +111,7 @@ void SelectNextMessage(int step)
 bool RunShortcut(const KeyStroke& key)
 {
     if (key.Ctrl && key.Name == KeyName::Character) {
-        if (key.Typed == 'E') {
+        if (key.Typed == MessageLetter) {
             SelectNextMessage(key.Shift ? -1 : 1);
             return true;
         }
@@ -320,8 +321,9 @@ bool IsShortcut(const KeyStroke& key)
     if (key.Name == KeyName::F1) return true;
     if (key.Name != KeyName::Character) return false;
     if (key.Ctrl) {
-        return key.Typed == 'E' || std::any_of(std::begin(MenuShortcuts), std::end(MenuShortcuts),
-                                               [&](const auto& row) { return row.Letter == key.Typed; });
+        return key.Typed == MessageLetter ||
+               std::any_of(std::begin(MenuShortcuts), std::end(MenuShortcuts),
+                           [&](const auto& row) { return row.Letter == key.Typed; });
     }
     return key.Alt && ButtonOf(key.Typed) != nullptr;
 }

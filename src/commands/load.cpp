@@ -8,7 +8,6 @@
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/messages.h"
-#include "core/profile.h"
 #include "core/program_list.h"
 #include "core/text.h"
 #include "editor/whole_program.h"

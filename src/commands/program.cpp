@@ -2,7 +2,6 @@
 
 #include "core/main_window.h"
 #include "core/messages.h"
-#include "core/profile.h"
 #include "core/program_list.h"
 #include "interpreter/interpreter.h"
 #include "interpreter/limits.h"
@@ -43,15 +42,19 @@ void SelectMillUnits(bool metric, bool horizontal)
 
 } // namespace
 
+bool MayClear()
+{
+    if (LineCount() == 0 || !Shared.Changed) return true;
+    MessageBox box{TextOf(Messages::ClearAnyway), TextOf(Messages::Clear), Buttons::YesNo};
+    box.SafeIsNo = true;
+    return ThePlatform->Show(box) == Answer::Yes;
+}
+
 void ClearProgram_Click()
 {
     if (RefuseWhileBusy()) return;
     cmdReturn_Click();
-    if (LineCount() > 0 && Shared.Changed) {
-        MessageBox box{TextOf(Messages::ClearAnyway), TextOf(Messages::Clear), Buttons::YesNo};
-        box.SafeIsNo = true;
-        if (ThePlatform->Show(box) != Answer::Yes) return;
-    }
+    if (!MayClear()) return;
     lvCncProgram.Rows.clear();
     lvCncProgram.Selected = 0;
     for (Control* text : {&frmMain.txtGMcode, &frmMain.txtComment, &frmMain.txtFileNotes, &frmMain.lblPath,

@@ -2,6 +2,10 @@
 
 #pragma once
 
+/// Asks whether a program that was changed may be cleared. True without a question when there is nothing to
+/// lose.
+bool MayClear();
+
 /// Empties the program after asking when it was changed; No leaves it as it is.
 void ClearProgram_Click();
 /// The same, with the blank row ready to type on.

@@ -47,7 +47,7 @@ void mnuRecentFile_Click(int index)
     }
     std::erase(Shared.RecentFiles, path);
     ShowRecentFiles();
-    ShowMessage(Tr("%1 isn't there any more", {FileNameOf(path)}), "", Icon::Exclamation);
+    ShowMessage(Tr("%1 is no longer there", {FileNameOf(path)}), "", Icon::Exclamation);
 }
 
 std::string FolderOfLastFile()

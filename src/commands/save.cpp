@@ -38,9 +38,8 @@ std::optional<std::string> AskForTarget()
             return std::nullopt;
         }
         if (!FileExists(*name)) return name;
-        const MessageBox box{TextOf(Messages::Overwrite) + " " + FileNameOf(*name) + "?", "",
-                             Buttons::YesNoCancel};
-        const Answer answer = ThePlatform->Show(box);
+        const std::string question = Tr("%1 %2?", {TextOf(Messages::Overwrite), FileNameOf(*name)});
+        const Answer answer = ThePlatform->Show({question, "", Buttons::YesNoCancel});
         if (answer == Answer::Yes) return name;
         if (answer == Answer::Cancel) return std::nullopt;
     }

@@ -37,6 +37,7 @@
 #include "serial/setup.h"
 #include "serial/transfer.h"
 #include "serial/transmit.h"
+#include "settings/user_files.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
@@ -229,17 +230,13 @@ void FillFonts()
     ShowFont();
 }
 
-} // namespace
-
-namespace {
-
 /// What every start begins with: the user's folder, the fonts, the drawing's window in its hidden state.
 void BeginStart()
 {
     if (const std::string folder = AppDataPath(); !folder.empty()) {
         if (const auto failure = MakeFolders(folder)) NoteFailure(failure->Number, "Form_Load");
     }
-    if (const std::string left = AppDataPath() + "/Transmit.txt"; FileExists(left)) RemoveFile(left);
+    if (HasUserFile("Transmit.txt")) RemoveFile(UserFile("Transmit.txt")); // of a run that broke off
     FillFonts();
     frmDraw_Load();
 }

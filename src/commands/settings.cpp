@@ -13,7 +13,6 @@
 #include "core/messages.h"
 #include "core/numbers.h"
 #include "core/profile.h"
-#include "core/program_list.h"
 #include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
 #include "drawing/measure.h"
@@ -24,7 +23,6 @@
 #include "interpreter/interpreter.h"
 #include "interpreter/limits.h"
 #include "platform/files.h"
-#include "platform/platform.h"
 #include "serial/setup.h"
 #include "settings/draw_settings.h"
 #include "settings/editor_settings.h"
@@ -87,13 +85,9 @@ constexpr OptionRow OptionGroups[] = {
     {&S::DataBitsRX, Options<&W::optDataBitsRX>}, {&S::StopBitsRX, Options<&W::optStopBitsRX>},
 };
 
-// Applying.
-
 void SelectSavedMachine(const std::string& name)
 {
-    if (name == "MK2") optSettingsMK2_Click();
-    if (name == "MK4") optSettingsMK4_Click();
-    if (name == "F1") optSettingsF1CNC_Click();
+    if (MachineKind machine{}; MachineOfName(name, machine)) OptionOfMachine(machine).On.Click();
 }
 
 void ChooseByCaption(std::span<Control> options, const std::string& caption)
@@ -367,12 +361,7 @@ void LoadLanguageModule(const std::string& path)
 
 void mnuReset_Click()
 {
-    if (RefuseWhileBusy()) return;
-    if (LineCount() > 0 && Shared.Changed) {
-        MessageBox box{TextOf(Messages::ClearAnyway), TextOf(Messages::Clear), Buttons::YesNo};
-        box.SafeIsNo = true;
-        if (ThePlatform->Show(box) != Answer::Yes) return;
-    }
+    if (RefuseWhileBusy() || !MayClear()) return;
     Shared.Changed = false;
     frmDraw_Close();
     for (const char* file : {EditorFile, DrawSettingsFile}) {

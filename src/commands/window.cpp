@@ -7,7 +7,6 @@
 #include "commands/program.h"
 #include "commands/save.h"
 #include "commands/settings.h"
-#include "core/app_data.h"
 #include "core/main_window.h"
 #include "core/messages.h"
 #include "core/numbers.h"
@@ -28,6 +27,9 @@
 #include "ui/panes.h"
 #include "ui/profile_controls.h"
 
+#include <iterator>
+#include <type_traits>
+
 namespace {
 
 void ToggleAxes(Control& picture)
@@ -35,6 +37,21 @@ void ToggleAxes(Control& picture)
     picture.Visible = !picture.Visible;
     frmMain.cmdReturn.Visible = picture.Visible;
 }
+
+/// What the buttons of the tool bar do, in their order.
+constexpr void (*TopButtons[])() = {
+    mnuOpen_Click,
+    mnuSave_Click,
+    mnuNew_Click,
+    PrintDirect,
+    mnuSettingsShow_Click,
+    [] { ToggleAxes(frmMain.picZXaxes); },
+    [] { ToggleAxes(frmMain.picXYaxes); },
+    mnuDraw_Click,
+    mnuRX_Click,
+    mnuTX_Click,
+};
+static_assert(std::size(TopButtons) == std::extent_v<decltype(MainWindow::cmdTopButtons)>);
 
 void ChooseColor(float& color)
 {
@@ -57,19 +74,7 @@ void mnuSettingsShow_Click()
 
 void cmdTopButtons_Click(int index)
 {
-    switch (index) {
-    case 0: mnuOpen_Click(); break;
-    case 1: SaveFile_Click(false); break;
-    case 2: mnuNew_Click(); break;
-    case 3: PrintDirect(); break;
-    case 4: mnuSettingsShow_Click(); break;
-    case 5: ToggleAxes(frmMain.picZXaxes); break;
-    case 6: ToggleAxes(frmMain.picXYaxes); break;
-    case 7: mnuDraw_Click(); break;
-    case 8: mnuRX_Click(); break;
-    case 9: mnuTX_Click(); break;
-    default: break;
-    }
+    TopButtons[index]();
 }
 
 void AxesPicture_Click()

@@ -1,6 +1,5 @@
 #include "commands/windows.h"
 
-#include "commands/drawing.h"
 #include "commands/exit.h"
 #include "commands/window.h"
 #include "core/draw_window.h"

@@ -3,8 +3,6 @@
 #include "platform/files.h"
 #include "platform/platform.h"
 
-#include <algorithm>
-
 std::string AppDataPath()
 {
     if (const std::string folder = ThePlatform->SettingsFolder(); !folder.empty()) return folder;

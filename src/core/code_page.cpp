@@ -32,26 +32,33 @@ void AppendUtf8(std::string& text, uint32_t c)
     }
 }
 
-/// Takes one character off the front of a UTF-8 text; 0xFFFD for what isn't valid there.
+/// The character that stands for what isn't valid.
+constexpr uint32_t Invalid = 0xFFFD;
+
+/// Takes one character off the front of a UTF-8 text; Invalid for what isn't one: bytes that don't belong
+/// together, a longer form than the character needs, halves of pairs (D800 to DFFF), numbers that no
+/// character has.
 uint32_t TakeCharacter(std::string_view& text)
 {
     const auto lead = static_cast<unsigned char>(text.front());
     const size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 0;
     if (length == 0 || length > text.size()) {
         text.remove_prefix(1);
-        return 0xFFFD;
+        return Invalid;
     }
     uint32_t c = length == 1 ? lead : lead & (0x7FU >> length);
     for (size_t i = 1; i < length; ++i) {
         const auto next = static_cast<unsigned char>(text[i]);
         if ((next & 0xC0) != 0x80) {
             text.remove_prefix(1);
-            return 0xFFFD;
+            return Invalid;
         }
         c = (c << 6) | (next & 0x3F);
     }
     text.remove_prefix(length);
-    return c;
+    constexpr uint32_t Least[] = {0, 0, 0x80, 0x800, 0x10000}; // by length
+    const bool isHalf = c >= 0xD800 && c <= 0xDFFF;
+    return c < Least[length] || c > 0x10FFFF || isHalf ? Invalid : c;
 }
 
 char ByteOf(uint32_t c)
@@ -87,7 +94,7 @@ bool IsUtf8(std::string_view text)
     constexpr std::string_view Replacement = "\xEF\xBF\xBD";
     while (!text.empty()) {
         const bool replacement = text.starts_with(Replacement);
-        if (TakeCharacter(text) == 0xFFFD && !replacement) return false;
+        if (TakeCharacter(text) == Invalid && !replacement) return false;
     }
     return true;
 }

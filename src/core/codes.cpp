@@ -91,11 +91,6 @@ std::vector<std::string> List(std::span<const ListedCode> codes, std::string_vie
     return items;
 }
 
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 } // namespace
 
 Code CodeOfCell(std::string_view cell)

@@ -29,7 +29,6 @@ ProgramWindow::ProgramWindow()
 {
     Window.Text = "Program Lines";
     Window.Visible = false;
-    // 786 by 200 pixels.
     Window.Left = 1200;
     Window.Top = 12000;
     Window.Width = 11790;

@@ -7,6 +7,7 @@
 
 #pragma once
 
+#include "platform/failure_numbers.h"
 #include "platform/platform.h"
 
 #include <set>
@@ -16,28 +17,13 @@
 #include <utility>
 #include <vector>
 
-/// The failures that a statement can have. Their descriptions stand in one table in failure.cpp.
-namespace Failures {
-constexpr int InvalidCall = 5;
-constexpr int Overflow = 6;
-constexpr int SubscriptOutOfRange = 9;
-constexpr int DivisionByZero = 11;
-constexpr int FileNotFound = 53;
-constexpr int DiskFull = 61;
-constexpr int PastEndOfFile = 62;
-constexpr int PermissionDenied = 70;
-constexpr int PathAccess = 75;
-constexpr int PrinterError = 482;
-constexpr int PortAlreadyOpen = 8005;
-constexpr int PortNotOpen = 8018;
-} // namespace Failures
-
 /// Thrown by a conversion or operation that fails; caught by Attempt() alone.
 struct RunTimeFailure {
     int Number;
 };
 
-/// The description of a failure number, as it stands in the log; "Unknown failure" for any other number.
+/// The description of a failure number (platform/failure_numbers.h), as it stands in the log; "Unknown
+/// failure" for any other number.
 std::string_view FailureDescription(int number);
 
 struct LogRecord {

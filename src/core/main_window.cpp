@@ -1,6 +1,7 @@
 #include "core/main_window.h"
 
 #include "core/codes.h"
+#include "platform/port.h"
 
 MainWindow frmMain;
 FindWindow frmFind;
@@ -12,7 +13,7 @@ struct Direction {
     const char* Caption;
     const char* PortCaption;
     Control (MainWindow::*Frames)[8];
-    Control (MainWindow::*Ports)[4];
+    Control (MainWindow::*Ports)[MaxPorts];
     Control (MainWindow::*Bauds)[7];
     Control (MainWindow::*Parities)[3];
     Control (MainWindow::*DataBits)[2];
@@ -30,11 +31,11 @@ constexpr Direction Directions[] = {
      &MainWindow::chkRXfilter, &MainWindow::lblRXstandard, &MainWindow::cmdRXEmco},
 };
 
-/// Captions of an option group, and which option is on at first: the setting that the machines have.
-void Fill(Control* group, std::initializer_list<const char*> captions, int chosen)
+/// An option group: its captions are the values, and what the machines are set to is on at first.
+template <size_t N> void Fill(Control (&group)[N], const LineChoice<N>& choice)
 {
-    for (const char* caption : captions) group++->Text = caption;
-    (group - captions.size() + chosen)->Value = 1;
+    for (size_t i = 0; i < N; ++i) group[i].Text = choice.Values[i];
+    group[choice.Standard].Value = 1;
 }
 
 void FillDirection(MainWindow& window, const Direction& direction)
@@ -46,14 +47,24 @@ void FillDirection(MainWindow& window, const Direction& direction)
         frames[i].Text = captions[i];
         if (i > 0) frames[i].In = &frames[0];
     }
-    Fill(window.*direction.Ports, {"Com1", "Com2", "Com3", "Com4"}, 0);
-    Fill(window.*direction.Bauds, {"110", "300", "600", "1200", "2400", "4800", "9600"}, 1);
-    Fill(window.*direction.Parities, {"N", "E", "O"}, 0);
-    Fill(window.*direction.DataBits, {"7", "8"}, 1);
-    Fill(window.*direction.StopBits, {"1", "2"}, 0);
+    for (Control& port : window.*direction.Ports) port.Text = "Com" + std::to_string(port.Element + 1);
+    (window.*direction.Ports)[0].Value = 1;
+    Fill(window.*direction.Bauds, BaudRates);
+    Fill(window.*direction.Parities, Parities);
+    Fill(window.*direction.DataBits, DataBitCounts);
+    Fill(window.*direction.StopBits, StopBitCounts);
     (window.*direction.Filter).Value = 1;
     (window.*direction.Standard).Enabled = (window.*direction.Emco).Enabled = false;
 }
+
+struct ToolBarButton {
+    const char *Caption, *Tip;
+};
+constexpr ToolBarButton ToolBar[] = {
+    {"Open", "Open File"},  {"Save", "Save File"},   {"New", "New File"},   {"Print", "Print File"},
+    {"Set", "Settings"},    {"Axes", "Show Axes"},   {"Axes", "Show Axes"}, {"Draw", "Draw Toolpath"},
+    {"RX", "Receive File"}, {"TX", "Transmit File"},
+};
 
 /// The first control of each tab of the settings; those of the table behind it stand on the same tab.
 constexpr Control MainWindow::*FirstOfPage[] = {
@@ -102,13 +113,9 @@ MainWindow::MainWindow()
     tabSettings.Items = {"General", "Units", "Info", "Machine", "Printer", "COM"};
     tabSettings.Index = 0;
     cboFontSize.Items = {"8", "10", "12", "14", "16", "18", "20"};
-    const char* const captions[] = {"Open", "Save", "New",  "Print", "Set",
-                                    "Axes", "Axes", "Draw", "RX",    "TX"};
-    const char* const tips[] = {"Open File", "Save File", "New File",      "Print File",   "Settings",
-                                "Show Axes", "Show Axes", "Draw Toolpath", "Receive File", "Transmit File"};
     for (size_t i = 0; i < std::size(cmdTopButtons); ++i) {
-        cmdTopButtons[i].Text = captions[i];
-        cmdTopButtons[i].ToolTip = tips[i];
+        cmdTopButtons[i].Text = ToolBar[i].Caption;
+        cmdTopButtons[i].ToolTip = ToolBar[i].Tip;
     }
     for (const Direction& direction : Directions) FillDirection(*this, direction);
     for (Control* button : {&cmdReceiveImport, &cmdReceiveSave, &cmdReceiveNew, &cmdReceiveExit})

@@ -57,14 +57,14 @@ inline constexpr Message Clear{&T::MessageTable, 4, "Clear?"};
 inline constexpr Message NoFile{&T::MessageTable, 5, "No file specified"};
 inline constexpr Message Minimum{&T::MessageTable, 11, "minimum"};
 inline constexpr Message Maximum{&T::MessageTable, 12, "maximum"};
+inline constexpr Message ProgramVersion{&T::MessageTable, 13, "Program Version"};
+inline constexpr Message LanguageModule{&T::MessageTable, 14, "Language Module"};
 inline constexpr Message TheFile{&T::MessageTable, 15, "The file"};
 inline constexpr Message NotEmcoFile{&T::MessageTable, 16,
                                      " does not appear to be an Emco CNC formatted file"};
 inline constexpr Message RecognizingProblem{&T::MessageTable, 17, "File Recognizing Problem"};
 inline constexpr Message HasBeenSaved{&T::MessageTable, 18, "has been saved"};
 inline constexpr Message Overwrite{&T::MessageTable, 19, "Overwrite"};
-inline constexpr Message ProgramVersion{&T::MessageTable, 13, "Program Version"};
-inline constexpr Message LanguageModule{&T::MessageTable, 14, "Language Module"};
 inline constexpr Message LowestValue{&T::MessageTable, 20, "Lowest value for this field is"};
 inline constexpr Message HighestValue{&T::MessageTable, 21, "Highest value for this field is"};
 inline constexpr Message Translator{&T::MessageTable, 22, ""};
@@ -99,17 +99,18 @@ inline constexpr Message PocketTooSmall{&T::ProgramErrorTable, 17, "!Pocket too 
 
 inline constexpr Message NoLines{&T::ErrorMessageTable, 1, "No Lines of code present"};
 inline constexpr Message DeleteLine{&T::ErrorMessageTable, 3, "Delete selected line?"};
-inline constexpr Message MustBeNumeric{&T::ErrorMessageTable, 6, "Entered value must be numeric"};
-inline constexpr Message UnknownCode{&T::ErrorMessageTable, 9, "Unknown code"};
 inline constexpr Message MaxLinesReached{&T::ErrorMessageTable, 4,
                                          "Maximum number of lines has been reached"};
+inline constexpr Message MustBeNumeric{&T::ErrorMessageTable, 6, "Entered value must be numeric"};
+inline constexpr Message No3d{&T::ErrorMessageTable, 8, "!No 3-d allowed"};
+inline constexpr Message UnknownCode{&T::ErrorMessageTable, 9, "Unknown code"};
+
 inline constexpr Message XDiameter{&T::DrawWindowTable, 1, "X-diameter"};
 inline constexpr Message XRadius{&T::DrawWindowTable, 2, "X-radius"};
+
 inline constexpr Message DivisionMetric{&T::DrawMessageTable, 1, "1Division"};
 inline constexpr Message UnitMetric{&T::DrawMessageTable, 2, "x 0.01mm"};
 inline constexpr Message DivisionInch{&T::DrawMessageTable, 3, "1Division"};
 inline constexpr Message UnitInch{&T::DrawMessageTable, 4, "x 0.01 Inch"};
 inline constexpr Message Distance{&T::DrawMessageTable, 5, "Distance"};
-
-inline constexpr Message No3d{&T::ErrorMessageTable, 8, "!No 3-d allowed"};
 } // namespace Messages

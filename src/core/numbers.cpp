@@ -19,11 +19,6 @@ constexpr int LargestExactPower = 22;
 /// Mantissas of up to 15 digits are exact in a 64-bit float, so one operation rounds right.
 constexpr int ExactDigits = 15;
 
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 /// The characters of a text with blanks and tabs left out.
 class Characters
 {
@@ -61,7 +56,11 @@ int ReadExponent(Characters in)
 /// mantissa × 10^exponent, correctly rounded, for the rare text that isn't exact in two factors.
 double SlowValue(const std::string& digits, int exponent)
 {
-    return std::strtod((digits + "e" + std::to_string(exponent)).c_str(), nullptr);
+    const std::string text = digits + "e" + std::to_string(exponent);
+    double value = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (read.ec != std::errc::result_out_of_range) return value;
+    return exponent < 0 ? 0 : std::numeric_limits<double>::infinity();
 }
 
 /// Whether the number is a whole one of few digits, as most are; those take no rounding.
@@ -200,10 +199,11 @@ void AppendWhole(std::string& text, double value, int digits)
 {
     const double nearest = IsSmallWhole(value) ? std::abs(value) : std::floor(std::abs(value) + 0.5);
     char plain[320]; // the largest number has 309 digits
+    char* const end = plain + sizeof plain;
     const bool fits = nearest < 1e18;
-    const auto length = static_cast<size_t>(
-        fits ? std::to_chars(plain, plain + sizeof plain, static_cast<int64_t>(nearest)).ptr - plain
-             : std::snprintf(plain, sizeof plain, "%.0f", nearest));
+    const auto written = fits ? std::to_chars(plain, end, static_cast<int64_t>(nearest))
+                              : std::to_chars(plain, end, nearest, std::chars_format::fixed, 0);
+    const auto length = static_cast<size_t>(written.ptr - plain);
     const size_t zeros = static_cast<size_t>(digits) > length ? static_cast<size_t>(digits) - length : 0;
     if (value < 0 && nearest > 0) text += '-';
     text.append(zeros, '0').append(plain, length);
@@ -222,6 +222,13 @@ std::string FormatOneDecimal(double value)
     const double whole = std::floor(tenths / 10);
     return (value < 0 && tenths > 0 ? "-" : "") + FormatWhole(whole, 1) + "." +
            FormatWhole(tenths - whole * 10, 1);
+}
+
+std::string FormatDecimals(double value, int decimals)
+{
+    char text[340]; // the largest number has 309 digits
+    const auto form = std::chars_format::fixed;
+    return {text, std::to_chars(text, text + sizeof text, value, form, decimals).ptr};
 }
 
 std::string PlainNumber(double value)

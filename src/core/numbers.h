@@ -1,7 +1,8 @@
 // numbers.h: texts read as numbers, and numbers written as texts.
 //
 // All values of a program live as text in cells of fixed width, so every folder reads and writes
-// them through these few routines. They allocate nothing for the texts that occur in cells.
+// them through these few routines. They allocate nothing for the texts that occur in cells, and use no
+// routine of the C library that goes by the user's locale: a number has a point everywhere.
 
 #pragma once
 
@@ -49,6 +50,9 @@ void AppendWhole(std::string& text, double value, int digits);
 
 /// One decimal, a half rounded away from zero: 90 gives "90.0".
 std::string FormatOneDecimal(double value);
+
+/// A fixed number of decimals, up to 20, with a point; the nearest such number to the exact value.
+std::string FormatDecimals(double value, int decimals);
 
 /// Plain decimal form at 7 significant digits, without an exponent: 12.5, 0.5, -3, 1000.
 std::string PlainNumber(double value);

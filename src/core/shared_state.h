@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "platform/line_parameters.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -75,7 +77,7 @@ struct SharedState {
     /// The serial port, from 1.
     int Port = 1;
     /// Line parameters of the two directions: baud rate, parity, data bits, stop bits.
-    std::string SettingsTX = "300,N,8,1", SettingsRX = "300,N,8,1";
+    std::string SettingsTX = StandardLine(), SettingsRX = StandardLine();
     /// Twips of the drawing for one program unit.
     float DrawScale = 1;
     /// The state of the main window; normal when neither is set.

@@ -9,9 +9,20 @@ bool IsContinuation(char c)
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
 }
 
-size_t Find(std::string_view text, std::string_view find, size_t from, Compare compare)
+bool SameLetter(char a, char b)
 {
-    return compare == Compare::Exact ? text.find(find, from) : FindNoCase(text, find, from);
+    return UpperCase(a) == UpperCase(b);
+}
+
+/// Returns what stands before the first delimiter and leaves in `text` what follows it. Without the
+/// delimiter: "", and text stays.
+std::string_view NextToken(std::string_view& text, std::string_view delimiter)
+{
+    const size_t at = text.find(delimiter);
+    if (at == std::string_view::npos) return {};
+    const std::string_view token = text.substr(0, at);
+    text.remove_prefix(at + delimiter.size());
+    return token;
 }
 
 } // namespace
@@ -75,30 +86,14 @@ bool EqualsNoCase(std::string_view a, std::string_view b)
 
 bool StartsNoCase(std::string_view text, std::string_view start)
 {
-    return text.size() >= start.size() &&
-           std::equal(start.begin(), start.end(), text.begin(),
-                      [](char x, char y) { return UpperCase(x) == UpperCase(y); });
+    return text.size() >= start.size() && std::equal(start.begin(), start.end(), text.begin(), SameLetter);
 }
 
-size_t FindNoCase(std::string_view text, std::string_view find, size_t from)
+size_t FindNoCase(std::string_view text, std::string_view find)
 {
-    if (from > text.size()) return std::string_view::npos;
-    const auto at = std::search(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), find.begin(),
-                                find.end(), [](char x, char y) { return UpperCase(x) == UpperCase(y); });
+    const auto at = std::search(text.begin(), text.end(), find.begin(), find.end(), SameLetter);
     return at == text.end() && !find.empty() ? std::string_view::npos
                                              : static_cast<size_t>(at - text.begin());
-}
-
-std::string ReplaceText(std::string text, std::string_view find, std::string_view replacement, size_t start,
-                        int count, Compare compare)
-{
-    if (find.empty()) return text;
-    for (; count != 0; --count) {
-        const size_t at = Find(text, find, start, compare);
-        if (at == std::string::npos) break;
-        text.replace(at, find.size(), replacement);
-    }
-    return text;
 }
 
 std::string ReplaceEach(std::string_view text, std::string_view find, std::string_view replacement)
@@ -111,21 +106,11 @@ std::string ReplaceEach(std::string_view text, std::string_view find, std::strin
     return result.append(text);
 }
 
-std::string_view NextToken(std::string_view& text, std::string_view delimiter, Compare compare)
+std::vector<std::string_view> SplitText(std::string_view text, std::string_view delimiter, int count)
 {
-    const size_t at = Find(text, delimiter, 0, compare);
-    if (at == std::string_view::npos) return {};
-    const std::string_view token = text.substr(0, at);
-    text.remove_prefix(at + delimiter.size());
-    return token;
-}
-
-std::vector<std::string_view> SplitText(std::string_view text, std::string_view delimiter, int count,
-                                        Compare compare)
-{
-    std::vector<std::string_view> parts{NextToken(text, delimiter, compare)};
+    std::vector<std::string_view> parts{NextToken(text, delimiter)};
     for (; count != 1; --count) {
-        const std::string_view token = NextToken(text, delimiter, compare);
+        const std::string_view token = NextToken(text, delimiter);
         if (token.empty()) break;
         parts.push_back(token);
     }

@@ -33,35 +33,25 @@ inline void Overwrite(std::string& cell, std::string_view text)
 std::string_view Trimmed(std::string_view text);
 bool IsBlank(std::string_view text);
 
+constexpr bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
 char UpperCase(char c);
 std::string UpperCase(std::string_view text);
 bool EqualsNoCase(std::string_view a, std::string_view b);
 bool StartsNoCase(std::string_view text, std::string_view start);
-/// Position of the first occurrence from `from` on, or npos.
-size_t FindNoCase(std::string_view text, std::string_view find, size_t from = 0);
+/// Position of the first occurrence, or npos.
+size_t FindNoCase(std::string_view text, std::string_view find);
 
-enum class Compare { Exact, NoCase };
-
-/// Replaces `find` as often as `count` allows, all occurrences when it is -1. After each replacement
-/// the search begins again at `start`, so text produced by a replacement is searched as well; a
-/// replacement that contains `find` must not be used with count -1. An empty `find` changes nothing.
-std::string ReplaceText(std::string text, std::string_view find, std::string_view replacement,
-                        size_t start = 0, int count = -1, Compare compare = Compare::Exact);
-
-/// Replaces every occurrence in one sweep; what a replacement produces isn't searched again.
+/// Replaces every occurrence in one sweep; what a replacement produces isn't searched again. `find` isn't "".
 std::string ReplaceEach(std::string_view text, std::string_view find, std::string_view replacement);
-
-/// Returns what stands before the first delimiter and leaves in `text` what follows it. Without the
-/// delimiter: "", and text stays.
-std::string_view NextToken(std::string_view& text, std::string_view delimiter,
-                           Compare compare = Compare::Exact);
 
 /// Splits at a delimiter. The first token is kept even when empty; the first empty token after it
 /// ends the split and isn't kept; the last element is what then remains, delimiters included. So a
 /// text without the delimiter gives "" and the text, and an empty line ends a split at line ends.
 /// `count` limits the tokens before the last element, -1 for no limit.
-std::vector<std::string_view> SplitText(std::string_view text, std::string_view delimiter, int count = -1,
-                                        Compare compare = Compare::Exact);
+std::vector<std::string_view> SplitText(std::string_view text, std::string_view delimiter, int count = -1);
 
 struct KeyValue {
     std::string Key, Value;

@@ -1,12 +1,15 @@
 // canvas.h: the surface that everything is drawn on, and all that a drawing asks of it.
 //
-// Positions are twips (1440 to the inch, 15 to a pixel at the standard setting) from the upper left corner,
-// x to the right, y downward, held as 32-bit floats. What was drawn stays until it is cleared.
+// Positions are twips (1440 to the inch) from the upper left corner, x to the right, y downward, held as
+// 32-bit floats. What was drawn stays until it is cleared.
 // A canvas of a kind implements the figures; the settings and the pen stand here, for all kinds.
 
 #pragma once
 
 #include "core/numbers.h"
+
+/// At the standard setting of a screen, 96 pixels to the inch.
+constexpr double TwipsPerPixel = 15;
 
 /// 24 bits in blue-green-red order.
 using Color = int;

@@ -45,11 +45,6 @@ constexpr BoxRow Boxes[] = {
 /// What the frame leaves free beside and below itself for the window's own border and title, in twips.
 constexpr int RoomBeside = 120, RoomBelow = 880;
 
-bool IsMill()
-{
-    return Shared.Machine == MachineKind::F1;
-}
-
 /// Keeps the value of a box beyond the window. Each box keeps its own alone, so that those of the other
 /// machine stay as they were chosen there.
 void Keep(const Control& box)
@@ -145,7 +140,6 @@ bool frControls_MouseDown(float x, float y)
     EndMeasure();
     Drawing.DragOffsetX = x;
     Drawing.DragOffsetY = y;
-    Drawing.Crosshair = Drawing.PickingZeroPoint; // the choice goes on
     return true;
 }
 
@@ -158,6 +152,19 @@ void frmDraw_DragDrop(float x, float y)
 {
     frmDraw.frControls.Left = static_cast<int>(std::lround(x - Drawing.DragOffsetX));
     frmDraw.frControls.Top = static_cast<int>(std::lround(y - Drawing.DragOffsetY));
+}
+
+void EnablePictureControls(bool enabled)
+{
+    for (Control* control : {&frmDraw.cmdAutoFit, &frmDraw.cmdRedraw, &frmDraw.cmdZeroPoint,
+                             &frmDraw.cmdPrint, &frmDraw.cboScale})
+        control->Enabled = enabled;
+}
+
+void SetDrawControls(bool enabled)
+{
+    EnablePictureControls(enabled);
+    frmDraw.cboRun.Enabled = frmDraw.cmdEditor.Enabled = enabled;
 }
 
 void ShowDrawBoxes()
@@ -336,12 +343,10 @@ void cmdZeroPoint_Click()
 {
     if (Shared.ErrorsPresent) return;
     Drawing.Canvas->ClearCanvas();
-    for (Control* control : {&frmDraw.cmdAutoFit, &frmDraw.cmdRedraw, &frmDraw.cmdZeroPoint,
-                             &frmDraw.cmdPrint, &frmDraw.cboScale})
-        control->Enabled = false;
+    EnablePictureControls(false);
     frmDraw.cmdEditor.Enabled = true;
     if (frmDraw.chkGrid.Value == 1) MakeGrid(Drawing.ZeroPointX, Drawing.ZeroPointY);
-    Drawing.PickingZeroPoint = Drawing.Crosshair = true;
+    Drawing.PickingZeroPoint = true;
 }
 
 void cmdCloseControls_Click()

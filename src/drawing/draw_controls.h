@@ -2,13 +2,11 @@
 
 #pragma once
 
-#include "core/control.h"
-
 /// Keeps frControls inside the window and lays its check boxes out by machine.
 void ArrangeControls();
 
-/// Puts the frame of a window that has just been opened and drawn into the corner where it covers least of what
-/// the program draws. From then on it stays where the user wants it.
+/// Puts the frame of a window that has just been opened and drawn into the corner where it covers least of
+/// what the program draws. From then on it stays where the user wants it.
 void PlaceControlsAside();
 
 /// Shows the frame with its upper right corner about here, where its close button then is.
@@ -20,6 +18,11 @@ bool frControls_MouseDown(float x, float y);
 void frControls_DragOver();
 /// The frame is dropped with the pointer here.
 void frmDraw_DragDrop(float x, float y);
+
+/// Enables or disables what would begin another picture. A walk and the choice of a zero point take it away.
+void EnablePictureControls(bool enabled);
+/// The same, and what would lead away from the picture: for a measurement.
+void SetDrawControls(bool enabled);
 
 /// Gives all check boxes the values of Shared.DrawBoxes; on the mill at least one tool view is on.
 void ShowDrawBoxes();

@@ -1,16 +1,17 @@
 #include "drawing/drawing_page.h"
 
 #include "core/messages.h"
+#include "core/numbers.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 namespace {
 
-/// The texts below the image are set between these sizes.
+/// The texts below the image are set between these sizes in points.
 constexpr double LeastPoints = 6, MostPoints = 12;
-/// Between image and texts, and the ends of the bar, which stand above and below it.
+/// Between image and texts, and the ends of the bar, which stand above and below it, in 1/100 mm as all
+/// lengths.
 constexpr double Gap = 300, BarEnd = 100;
 /// Room for the bar, where the page is no narrower than three times that.
 constexpr double MostBar = 6000;
@@ -73,9 +74,7 @@ ScaleBar ScaleBarOf(double unit, bool metric, double most, const std::string& le
         if (larger * std::pow(10, power) * unit * whole <= most) factor = larger;
     }
     const double length = factor * std::pow(10, power);
-    char number[64];
-    std::snprintf(number, sizeof number, "%.*f", std::max(0, -power), length);
-    return {length * unit * whole, Tr(lengthText, {number})};
+    return {length * unit * whole, Tr(lengthText, {FormatDecimals(length, std::max(0, -power))})};
 }
 
 bool IsDrawing(const PrintJob& job)

@@ -1,4 +1,4 @@
-// drawing_state.h: the state of the drawing window beside its controls.
+// drawing_state.h: the state of the drawing window beside its controls, and where its walk waits.
 
 #pragma once
 
@@ -73,10 +73,9 @@ struct DrawingState {
     /// The next click in the canvas sets the zero point.
     bool PickingZeroPoint = false;
     /// Program units between grid lines: 10, 100 or 1000.
-    int16_t GridDivision = 100;
+    int GridDivision = 100;
     /// Where in frControls its drag began.
     float DragOffsetX = 0, DragOffsetY = 0;
-    bool Crosshair = false;
 
     /// The first, the second point of a measurement is set.
     bool MeasureStarted = false, MeasureDone = false;
@@ -86,11 +85,20 @@ struct DrawingState {
     float MeasureX = 0, MeasureY = 0;
     /// x and y of the first point, x and y of the second, in twips.
     float MeasurePoints[4] = {};
+
+    /// Points of the picture are being picked: the pointer is a crosshair, and the picture stays where it is.
+    bool IsPicking() const { return MeasureStarted || PickingZeroPoint; }
 };
 extern DrawingState Drawing;
 
 /// Where the walk runs, and waits.
 extern TaskSlot DrawSlot;
+
+/// To be awaited in it: a pause, until the next tick of the timer or until Abort; none for 0.
+TaskSlot::Wait Delay(int milliseconds);
+
+/// The program is one of the mill, whose X lies along the canvas and whose Y points upward.
+bool IsMill();
 
 /// Size of the drawing window in twips, with and without its frame.
 int CanvasWidth();

@@ -5,6 +5,7 @@
 #include "core/vector.h"
 #include "drawing/drawing_state.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -99,7 +100,7 @@ void DrawThread(float length, float pitch, bool endsAtEnd)
         Attempt(Procedure, [&] {
             const int32_t whole = ToInt32(std::abs(pitch));
             if (whole == 0) throw RunTimeFailure{Failures::DivisionByZero};
-            teeth = MinOf(ToInt32(std::abs(length)) / whole, MostTeeth);
+            teeth = std::min(ToInt32(std::abs(length)) / whole, MostTeeth);
         });
     }
     const double half = pitch / 2, along = forward ? half : -half;
@@ -131,7 +132,7 @@ void DrawHole(float deltaH)
     constexpr const char* Procedure = "DrawProgram";
     DrawCanvas& canvas = *Drawing.Canvas;
     const double x = canvas.PenX(), y = canvas.PenY();
-    if (Shared.Machine == MachineKind::F1) {
+    if (IsMill()) {
         Attempt(Procedure, [&] { canvas.SetPoint(x, y); });
         return;
     }

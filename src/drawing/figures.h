@@ -6,8 +6,6 @@
 
 #pragma once
 
-#include "core/task.h"
-
 /// An arc as the lines of a program give it.
 struct ArcWords {
     /// G03's branch (G02's on the mill): clockwise on the canvas; false is counter-clockwise.
@@ -25,8 +23,9 @@ struct ArcWords {
 /// Draws the arc from the pen, with its radii dotted when `radii` is set. The pen ends at the arc's end.
 void MakeArc(const ArcWords& arc, bool radii);
 
-/// A zigzag along the horizontal axis, one tooth a pitch; length signed. "G33" leaves the pen at the end of
-/// the thread, "G78" at its start. Left where it stands when the walk is aborted.
+/// A zigzag along the horizontal axis, one tooth a pitch, up to 100,000 of them; the length is signed, and a
+/// rest of less than a pitch is left out. The pen is left at the end of the thread (G33) or at its start
+/// (G78), and where it stands when the walk is aborted.
 void DrawThread(float length, float pitch, bool endsAtEnd);
 
 /// The rectangle that a turning cycle sweeps, from the pen; the pen ends where it began.

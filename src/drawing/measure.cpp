@@ -17,18 +17,12 @@
 #include "ui/text_box.h"
 
 #include <cmath>
-#include <cstdio>
 #include <iterator>
 
 namespace {
 
 using D = DrawWindow;
 constexpr const char* Gap = "      ";
-
-bool IsMill()
-{
-    return Shared.Machine == MachineKind::F1;
-}
 
 /// Rounded down to the next whole number, towards minus infinity.
 std::string Whole(double value)
@@ -39,22 +33,39 @@ std::string Whole(double value)
 /// A length of the program in mm or inch: "10.00 mm".
 std::string Length(double units)
 {
-    char number[64];
-    std::snprintf(number, sizeof number, "%.*f", Shared.Metric ? 2 : 3, units / (Shared.Metric ? 100 : 1000));
-    return Tr(Shared.Metric ? "%1 mm" : "%1 inch", {number});
+    if (Shared.Metric) return Tr("%1 mm", {FormatDecimals(units / 100, 2)});
+    return Tr("%1 inch", {FormatDecimals(units / 1000, 3)});
+}
+
+/// The labels of a result: in program units, and in mm or inch.
+struct ResultLabels {
+    Control D::*InProgram;
+    Control D::*InUnits;
+};
+constexpr ResultLabels DeltaX{&D::lblMeasureDeltaX, &D::lblMeasureDeltaXUnits};
+constexpr ResultLabels DeltaZ{&D::lblMeasureDeltaZ, &D::lblMeasureDeltaZUnits};
+constexpr ResultLabels Distance{&D::lblMeasureDistance, &D::lblMeasureDistanceUnits};
+
+void ShowResult(const ResultLabels& labels, double value)
+{
+    (frmDraw.*labels.InProgram).Text = PlainNumber(value);
+    (frmDraw.*labels.InUnits).Text = Length(value);
 }
 
 void ShowResults(double first, double second, double distance)
 {
-    const std::tuple<Control&, Control&, double> results[] = {
-        {frmDraw.lblMeasureDeltaX, frmDraw.lblMeasureDeltaXUnits, first},
-        {frmDraw.lblMeasureDeltaZ, frmDraw.lblMeasureDeltaZUnits, second},
-        {frmDraw.lblMeasureDistance, frmDraw.lblMeasureDistanceUnits, distance},
-    };
-    for (const auto& [label, inUnits, value] : results) {
-        label.Text = PlainNumber(value);
-        inUnits.Text = Length(value);
-    }
+    ShowResult(DeltaX, first);
+    ShowResult(DeltaZ, second);
+    ShowResult(Distance, distance);
+}
+
+/// What a box or a label holds. Longer numbers than the boxes show come by pasting alone, up to infinity;
+/// they count as none.
+double NumberIn(std::string_view text)
+{
+    constexpr double Most = 999'999'999;
+    const double value = Val(text);
+    return std::abs(value) <= Most ? value : 0;
 }
 
 /// The point under the pointer in program units, across and down.
@@ -158,7 +169,6 @@ void GiveMeasureUp()
 {
     EraseMarks();
     EndMeasure();
-    Drawing.Crosshair = false;
 }
 
 /// Takes back the point that the first click of a double click has set.
@@ -202,16 +212,13 @@ void frmDraw_MouseMove(double x, double y)
 void frmDraw_MouseDown(double x, double y)
 {
     Drawing.WaitForUser = false;
-    if (!frmDraw.frControls.Visible && Drawing.DrawingNow) {
-        // A walk that waits must be left or stepped by the buttons of the frame.
-        ShowControlsAt(x, y);
-        return;
-    }
-    if (Shared.ErrorsPresent || Drawing.DrawingNow) return;
+    if (Shared.ErrorsPresent && !Drawing.DrawingNow) return;
     if (!frmDraw.frControls.Visible) {
+        // Also in a walk that waits: it is left or stepped by the buttons of the frame.
         ShowControlsAt(x, y);
         return;
     }
+    if (Drawing.DrawingNow) return;
     if (Drawing.PickingZeroPoint) {
         PickZeroPoint(x, y);
     } else if (!Drawing.MeasureStarted) {
@@ -219,16 +226,13 @@ void frmDraw_MouseDown(double x, double y)
     } else if (!Drawing.MeasureDone) {
         SetMeasurePoint(1, x, y);
     } else {
-        EraseMarks();
-        Drawing.MeasureStarted = Drawing.MeasureDone = false;
-        SetDrawControls(true);
+        GiveMeasureUp();
     }
-    Drawing.Crosshair = Drawing.MeasureStarted;
 }
 
 bool frmDraw_DblClick(double x, double y)
 {
-    constexpr double Near = 90; // 6 pixels
+    constexpr double Near = 6 * TwipsPerPixel;
     const int line = LineAt(x, y, Near);
     if (line == 0 || line > lvCncProgram.RowCount()) return false;
     TakeBackPoint();
@@ -242,7 +246,7 @@ void frmDraw_Escape()
     if (Drawing.DrawingNow) {
         cmdAbort_Click();
     } else if (Drawing.PickingZeroPoint) {
-        Drawing.PickingZeroPoint = Drawing.Crosshair = false;
+        Drawing.PickingZeroPoint = false;
         Redraw();
     } else if (Drawing.MeasureStarted) {
         GiveMeasureUp();
@@ -270,30 +274,19 @@ void EndMeasure()
     SetDrawControls(true);
 }
 
-void SetDrawControls(bool enabled)
-{
-    for (Control* control : {&frmDraw.cboRun, &frmDraw.cboScale, &frmDraw.cmdZeroPoint, &frmDraw.cmdAutoFit,
-                             &frmDraw.cmdPrint, &frmDraw.cmdEditor, &frmDraw.cmdRedraw})
-        control->Enabled = enabled;
-}
-
 void UpdateMeasure()
 {
-    const double first = std::abs(Val(frmDraw.txtMeasureX1.Text) - Val(frmDraw.txtMeasureX2.Text));
-    const double second = std::abs(Val(frmDraw.txtMeasureZ1.Text) - Val(frmDraw.txtMeasureZ2.Text));
+    const double first = std::abs(NumberIn(frmDraw.txtMeasureX1.Text) - NumberIn(frmDraw.txtMeasureX2.Text));
+    const double second = std::abs(NumberIn(frmDraw.txtMeasureZ1.Text) - NumberIn(frmDraw.txtMeasureZ2.Text));
     ShowResults(first, second, std::floor(std::hypot(first, second)));
 }
 
 void FollowMeasureLanguage()
 {
     if (!Drawing.MeasureStarted) return;
-    const std::pair<Control&, Control&> lengths[] = {
-        {frmDraw.lblMeasureDeltaX, frmDraw.lblMeasureDeltaXUnits},
-        {frmDraw.lblMeasureDeltaZ, frmDraw.lblMeasureDeltaZUnits},
-        {frmDraw.lblMeasureDistance, frmDraw.lblMeasureDistanceUnits},
-    };
-    for (const auto& [label, inUnits] : lengths) {
-        if (!inUnits.Text.empty()) inUnits.Text = Length(Val(label.Text));
+    for (const ResultLabels& labels : {DeltaX, DeltaZ, Distance}) {
+        Control& inUnits = frmDraw.*labels.InUnits;
+        if (!inUnits.Text.empty()) inUnits.Text = Length(Val((frmDraw.*labels.InProgram).Text));
     }
 }
 
@@ -301,7 +294,7 @@ std::string CleanMeasureText(std::string_view text)
 {
     std::string digits(text);
     std::erase(digits, '-');
-    const double value = Val(digits);
+    const double value = NumberIn(digits);
     return PlainNumber(text.starts_with('-') ? -value + 0.0 : value);
 }
 

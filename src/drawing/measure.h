@@ -32,9 +32,6 @@ void frmDraw_Escape();
 /// Gives a measurement up, without erasing its marks.
 void EndMeasure();
 
-/// Enables or disables together what would draw or leave.
-void SetDrawControls(bool enabled);
-
 /// Works differences and distance out from the four boxes; a box without a number counts as 0.
 void UpdateMeasure();
 

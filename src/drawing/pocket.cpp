@@ -64,15 +64,6 @@ PocketContour ContourOfPocket()
     return {{{x2, y1}, {x1, y1}, {x1, y2}, {x2, y2}}};
 }
 
-TaskSlot::Wait Delay(int milliseconds)
-{
-    const bool passes = milliseconds == 0 || !Drawing.PausesTakeTime;
-    if (milliseconds != 0) Drawing.TimerPeriod = milliseconds;
-    return DrawSlot.Until([passes, noted = Drawing.TimerTicks] {
-        return passes || Drawing.AbortDraw || Drawing.TimerTicks != noted;
-    });
-}
-
 Task DrawPocket(PocketWords words)
 {
     DrawCanvas& canvas = *Drawing.Canvas;

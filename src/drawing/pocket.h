@@ -33,6 +33,3 @@ struct PocketCorner {
 };
 using PocketContour = std::array<PocketCorner, 4>;
 PocketContour ContourOfPocket();
-
-/// To be awaited: a pause of the walk, until the next tick of its timer or until Abort; none for 0.
-TaskSlot::Wait Delay(int milliseconds);

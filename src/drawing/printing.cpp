@@ -15,7 +15,7 @@
 
 namespace {
 
-/// A length of the canvas on paper at its own size.
+/// A length of the canvas on paper at its own size, in 1/100 mm.
 double OnPaper(int twips)
 {
     constexpr double TwipsPerInch = 1440, PerInch = 2540;

@@ -15,7 +15,7 @@ namespace {
 
 using P = ProgramWindow;
 
-/// A column: its cell, its label, and how much of the header fits.
+/// A column: its cell and its label.
 struct ColumnRow {
     Cell Of;
     Control P::*Label;
@@ -28,13 +28,12 @@ constexpr ColumnRow Columns[] = {
 
 constexpr size_t ColumnWidth = 7;
 constexpr size_t CommentWidth = 44;
-/// The axis letters at the ends of the tool columns' headers, which are cut to 9 characters.
+/// The header of a tool column is cut to so many characters; it ends in its axis all the same.
 constexpr size_t ToolHeaderWidth = 9;
 
 bool HasColumn(Cell cell)
 {
-    const bool mill = Shared.Machine == MachineKind::F1;
-    if (cell == CellY || cell == CellToolY) return mill;
+    if (cell == CellY || cell == CellToolY) return IsMill();
     return cell != CellH || Shared.Machine == MachineKind::MK4;
 }
 

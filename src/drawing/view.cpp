@@ -35,15 +35,9 @@ struct Extents {
 
 Extents ReadExtents()
 {
-    const AxesLabels& axes = Shared.Machine == MachineKind::F1 ? MillAxes : LatheAxes;
+    const AxesLabels& axes = IsMill() ? MillAxes : LatheAxes;
     const auto number = [](Control MainWindow::*label) { return Val((frmMain.*label).Text); };
     return {number(axes.TravelV), number(axes.TravelH), number(axes.OriginV), number(axes.OriginH)};
-}
-
-/// The marks of a measurement would stay behind; a zero point that is being chosen has no picture yet.
-bool IsPictureHeld()
-{
-    return Drawing.MeasureStarted || Drawing.PickingZeroPoint;
 }
 
 /// Index of the largest scale at which a travel fits into a size in twips; -1 when none is small enough.
@@ -55,26 +49,6 @@ int FittingIndex(double size, double travel)
 }
 
 } // namespace
-
-int CanvasWidth()
-{
-    return frmDraw.Window.Width;
-}
-
-int CanvasHeight()
-{
-    return frmDraw.Window.Height;
-}
-
-int InnerWidth()
-{
-    return CanvasWidth() - Drawing.FrameWidth;
-}
-
-int InnerHeight()
-{
-    return CanvasHeight() - Drawing.FrameHeight;
-}
 
 float ScaleOfIndex(int index)
 {
@@ -185,7 +159,7 @@ void StepScale(int steps, double x, double y)
     const int present = std::ilogb(Shared.DrawScale) + ScaleOneIndex;
     const int last = static_cast<int>(frmDraw.cboScale.Items.size()) - 1;
     const int index = std::clamp(present + steps, std::min(present, 0), last);
-    if (index < 0 || index == present || IsPictureHeld()) return;
+    if (index < 0 || index == present || Drawing.IsPicking()) return;
     const double ratio = double{ScaleOfIndex(index)} / Shared.DrawScale;
     Drawing.ListsBusy = true;
     PickItem(frmDraw.cboScale, index);
@@ -195,7 +169,8 @@ void StepScale(int steps, double x, double y)
 
 void MoveZeroPoint(double across, double down)
 {
-    if (IsPictureHeld()) return;
+    // The marks of a measurement would stay behind; a zero point that is being chosen has no picture yet.
+    if (Drawing.IsPicking()) return;
     Drawing.ZeroPointX += across;
     Drawing.ZeroPointY += down;
     Drawing.PictureMoved = true;

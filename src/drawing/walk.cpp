@@ -21,10 +21,6 @@
 
 #include <chrono>
 
-RecordingCanvas Picture;
-DrawingState Drawing;
-TaskSlot DrawSlot;
-
 namespace {
 
 constexpr const char* Procedure = "DrawProgram";
@@ -32,11 +28,6 @@ constexpr const char* Procedure = "DrawProgram";
 /// Ends of a walk that would go on for ever: a line that jumps to itself, and pictures beyond all use.
 constexpr int MostLines = 1'000'000;
 constexpr int MostFigures = 5'000'000;
-
-/// Controls that a walk disables and its end enables again.
-constexpr Control DrawWindow::*Locked[] = {&DrawWindow::cmdAutoFit, &DrawWindow::cmdRedraw,
-                                           &DrawWindow::cmdZeroPoint, &DrawWindow::cmdPrint,
-                                           &DrawWindow::cboScale};
 
 /// The pause of a line in milliseconds by the run mode.
 int16_t IntervalOf(int runChoice)
@@ -67,11 +58,10 @@ void Prepare(WalkState& walk)
     if (frmDraw.chkGrid.Value == 1 && first) MakeGrid(startX, startY);
     Attempt(Procedure, [&] { canvas.SetPen(startX, startY); });
 
-    const bool mill = Shared.Machine == MachineKind::F1;
     Drawing.DrawAbsolute = Drawing.StepReleased = false;
-    Drawing.DrawRadiusMode = mill;
+    Drawing.DrawRadiusMode = IsMill();
     if (first) MakeZeroPoint();
-    for (const auto control : Locked) (frmDraw.*control).Enabled = false;
+    EnablePictureControls(false);
     frmDraw.cmdEditor.Enabled = true;
     frmDraw.cmdAbort.Visible = true;
 
@@ -89,7 +79,7 @@ void Prepare(WalkState& walk)
 void EndWalk()
 {
     Drawing.LineStarts.push_back({Picture.Operations().size(), 0});
-    for (const auto control : Locked) (frmDraw.*control).Enabled = true;
+    EnablePictureControls(true);
     frmDraw.cboRun.Enabled = true;
     frmDraw.cmdAbort.Visible = frmDraw.cmdStep.Visible = false;
     frmDraw.cmdEditor.Visible = true;
@@ -195,7 +185,7 @@ Task DrawProgram(bool centerLine, int pass)
 
 Task DrawAll()
 {
-    const bool width = Shared.Machine == MachineKind::F1 && frmDraw.chkToolWidth.Value == 1;
+    const bool width = IsMill() && frmDraw.chkToolWidth.Value == 1;
     const bool center = !width || frmDraw.chkToolCenter.Value == 1;
     if (!width) {
         co_await DrawProgram(true, 1);

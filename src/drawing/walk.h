@@ -7,9 +7,6 @@
 
 #pragma once
 
-#include "core/task.h"
-#include "drawing/canvas.h"
-
 /// Draws the program from its first line on: on the lathes and with one tool view of the mill in one walk,
 /// with both views the tool's width first and its centre line on top. The one way to draw. A walk that
 /// waits is ended before. Does nothing while the window is hidden.

@@ -19,11 +19,6 @@ namespace {
 
 constexpr const char* Procedure = "DrawProgram";
 
-bool IsMill()
-{
-    return Shared.Machine == MachineKind::F1;
-}
-
 // Control words.
 
 struct ControlWord {
@@ -260,7 +255,7 @@ void SetPosition(WalkState& walk)
 /// The word of M06 is the tool's radius; the pen is as wide as its diameter.
 void ToolData(WalkState& walk)
 {
-    constexpr double TwipsToRadius = 7.5; // 15 twips to the pixel
+    constexpr double TwipsToRadius = TwipsPerPixel / 2.0;
     const std::string& cell = lvCncProgram.Row(walk.LineIndex)[CellX];
     Attempt(Procedure, [&] { walk.ToolValue = ToSingle(Val(LastCharacters(cell, 4))); });
     Attempt(Procedure,

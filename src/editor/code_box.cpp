@@ -106,7 +106,7 @@ char txtGMcode_KeyPress(Control&, char typed)
     char passes = 0;
     if (IsEditingCharacter(c) || (c >= '0' && c <= '9') || c == 'R') {
         passes = c;
-    } else if (c == 13 || c == ' ' || c == ',' || c == '.' || c == '\'') {
+    } else if (c == EnterCharacter || c == ' ' || c == ',' || c == '.' || c == '\'') {
         FocusNextStop();
     } else if (c == '-' || c == 'G' || c == 'M') {
         ToggleLetter(c);

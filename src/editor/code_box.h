@@ -7,6 +7,8 @@
 /// The tip of the code box and its labels: which letter [-] gives.
 void ShowLetterTip();
 
+/// Digits and "R" are typed; "G", "M" and "-" choose the letter (MK2 has only G); [ENTER], blank, comma,
+/// point and apostrophe move on.
 char txtGMcode_KeyPress(Control& box, char typed);
 bool txtGMcode_KeyDown(Control& box, const KeyStroke& key);
 void txtGMcode_GotFocus(Control& box);

@@ -5,7 +5,6 @@
 #include "core/numbers.h"
 #include "core/profile.h"
 #include "core/program_list.h"
-#include "core/text.h"
 
 #include <cmath>
 

@@ -13,9 +13,6 @@
 
 namespace {
 
-/// A preset is never below it; so a word with a letter, which reads 0, never matches one.
-constexpr double SmallestPreset = 2;
-
 /// The preset that was last taken over from a box: its trimmed text and a blank.
 std::string& PresetOf(const Control& box)
 {
@@ -30,16 +27,14 @@ void Take(const Control& box)
 /// Every plain value of the program that equals the old preset becomes the new one.
 void ReplaceFeed(const Control& box)
 {
-    if (LineCount() < 1) return;
     const double old = Val(PresetOf(box));
-    if (old < SmallestPreset) return;
+    if (old < SmallestFeed) return; // a word with a letter reads 0 and would match
     for (int i = 1; i <= LineCount(); ++i) {
         std::string& cell = lvCncProgram.Row(i)[CellF];
         if (Val(cell) != old) continue;
         cell = PresetCell(box);
         Shared.Changed = true;
     }
-    Take(box);
 }
 
 void UsePreset(const Control& box)
@@ -53,7 +48,7 @@ void UsePreset(const Control& box)
 char Feed_KeyPress(Control& box, char typed)
 {
     if ((typed >= '0' && typed <= '9') || typed == 8) return typed;
-    if (typed != 13) return 0;
+    if (typed != EnterCharacter) return 0;
     ClampFeeds();
     ReplaceFeed(box);
     Take(box);

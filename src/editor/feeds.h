@@ -4,7 +4,8 @@
 
 #include "core/control.h"
 
-/// Only digits; [ENTER] replaces the old preset's value in the whole program.
+/// Only digits; [ENTER] forces the presets into their limits and replaces the old preset's value in the whole
+/// program.
 char Feed_KeyPress(Control& box, char typed);
 void Feed_GotFocus(Control& box);
 /// Takes the text over as the preset, without replacement or check.

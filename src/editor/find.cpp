@@ -4,6 +4,7 @@
 #include "core/program_list.h"
 #include "core/shared_state.h"
 #include "core/text.h"
+#include "editor/value_entry.h"
 #include "ui/focus.h"
 #include "ui/text_box.h"
 
@@ -61,7 +62,7 @@ void HideFind()
 
 char txtFind_KeyPress(Control&, char typed)
 {
-    if (typed != 13) return typed;
+    if (typed != EnterCharacter) return typed;
     FindInProgram();
     return 0;
 }

@@ -14,6 +14,7 @@
 #include "editor/value_entry.h"
 #include "editor/whole_program.h"
 #include "interpreter/interpreter.h"
+#include "interpreter/limits.h"
 #include "platform/platform.h"
 #include "ui/focus.h"
 #include "ui/panes.h"
@@ -24,16 +25,6 @@
 #include <array>
 
 namespace {
-
-constexpr double SmallestFeed = 2;
-
-/// The result cells of a line that no pass has seen yet.
-void BlankResults(ProgramLine& row)
-{
-    row[CellError] = "               ";
-    for (size_t cell = CellToolX; cell <= CellRadius; ++cell) row[cell] = "      ";
-    row[CellAngle] = "   ";
-}
 
 /// The controls of the entry that an end code goes through; kept and put back around it.
 constexpr Control MainWindow::*EntryControls[] = {
@@ -63,7 +54,6 @@ ProgramLine EmptyLine(int number)
 {
     const Profile& profile = ActiveProfile();
     ProgramLine row;
-    for (std::string& cell : row.Cells) cell = " ";
     row[CellRowText] = row[CellN] = RightPad(FormatWhole(number, 2), 3);
     row[CellCode] = " 21 ";
     row[CellX] = profile.BlankX;
@@ -71,7 +61,6 @@ ProgramLine EmptyLine(int number)
     row[CellZ] = profile.BlankZ;
     row[CellF] = profile.BlankF;
     row[CellH] = profile.BlankH;
-    row[CellError].clear();
     return row;
 }
 
@@ -86,12 +75,9 @@ bool SettleUnseen()
     return !HasFocus(*left);
 }
 
-/// Completes and writes the entry; false with an empty code box.
-bool WriteEntry()
+/// Completes the entry, writes it into the selected row and lets the program be checked.
+void WriteEntry()
 {
-    HideAxesPictures();
-    if (frmMain.txtGMcode.Text.empty() || lvCncProgram.Selected == 0) return false;
-    if (!SettleUnseen() || !WorkOutFields()) return false;
     const std::string& code = frmMain.txtGMcode.Text;
     std::string& fourth = frmMain.txtFKTL.Text;
     if (code == "06") {
@@ -106,12 +92,10 @@ bool WriteEntry()
     const std::string& letter = frmMain.lblGMcode.Text;
     row[CellCode] = letter == "G" ? " " + code + " " : letter + std::string(FirstCharacters(code + " ", 3));
     FormatInputs();
-    BlankResults(row);
     row[CellComment] = frmMain.txtComment.Text;
 
     Interpreter();
     AddBlankLine(lvCncProgram.Selected == lvCncProgram.RowCount());
-    return true;
 }
 
 } // namespace
@@ -121,8 +105,11 @@ void LineEdit()
     // The very first start has not even the blank row: the first line that is typed makes it.
     if (lvCncProgram.Rows.empty()) AddBlankLine(true);
     if (RefuseWhileBusy()) return;
+    HideAxesPictures();
+    if (frmMain.txtGMcode.Text.empty() || lvCncProgram.Selected == 0) return;
+    if (!SettleUnseen() || !WorkOutFields()) return;
+    WriteEntry();
     const bool emptyLine = frmMain.lblGMcode.Text == "G" && frmMain.txtGMcode.Text == "21";
-    if (!WriteEntry()) return;
     if (!emptyLine) FollowEdit();
     SelectAll(frmMain.txtGMcode);
     SetFocus(frmMain.txtGMcode);
@@ -143,12 +130,10 @@ void LineInsert()
     InsertRow(at, EmptyLine(at - 1));
     SelectRow(at);
     Renumber("LineInsert", at - 1, 1);
-    ProgramLine& row = lvCncProgram.Row(at);
-    row[CellComment].clear();
     if (frmMain.chkViewGcode.Value == 1) {
         const std::string typed = frmMain.txtComment.Text;
         CodeDescription();
-        row[CellComment] = frmMain.txtComment.Text;
+        lvCncProgram.Row(at)[CellComment] = frmMain.txtComment.Text;
         if (!IsBlank(typed) && !typed.starts_with(AutomaticComment)) frmMain.txtComment.Text = typed;
     }
     Interpreter();
@@ -204,6 +189,7 @@ void AddEndOfProgram()
     SetUpFields(frmMain.txtGMcode.Text);
     Shared.EndCodeSeen = true;
     SelectRow(lvCncProgram.RowCount());
+    // What the user hasn't finished is not settled here: it waits in the entry.
     WriteEntry();
 
     SelectRow(selected);

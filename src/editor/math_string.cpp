@@ -3,17 +3,16 @@
 #include "core/failure.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "core/vector.h"
 
 #include <array>
 #include <cmath>
-#include <limits>
 #include <vector>
 
 namespace {
 
 constexpr std::string_view Name = "MathString";
 constexpr size_t MostTerms = 10;
-constexpr float Pi = 3.14159274F;
 
 struct Term {
     std::string Text;
@@ -71,8 +70,9 @@ std::string MathString(std::string_view text)
     bool hasValue = true;
     for (size_t k = 0; k < read.size(); ++k) {
         float value = 0;
-        hasValue &= Attempt(
-            Name, [&] { value = EqualsNoCase(read[k].Text, "P") ? Pi : ToSingle(Val(read[k].Text)); });
+        hasValue &= Attempt(Name, [&] {
+            value = EqualsNoCase(read[k].Text, "P") ? static_cast<float>(Pi) : ToSingle(Val(read[k].Text));
+        });
         Attempt(Name, [&] { terms.At(k) = value; });
     }
     double result = terms.At(0);

@@ -14,11 +14,7 @@
 #include "ui/focus.h"
 #include "ui/text_box.h"
 
-#include <algorithm>
-
 namespace {
-
-constexpr char EnterCharacter = 13;
 
 /// The way of [LEFT] and [RIGHT].
 constexpr Control MainWindow::*EntryOrder[] = {
@@ -48,14 +44,16 @@ const Control* DefaultFeed()
     return CodesOfB.find(code) != std::string_view::npos ? &frmMain.txtFeedB : nullptr;
 }
 
-/// On the mill Z begins where the tool stands, or with the boring depth in force at the row.
+/// On the mill Z begins where the tool stands, or with the boring depth in force at the row. A row that the
+/// walk hasn't reached knows no place of the tool and keeps its Z.
 void ProposeMillDepth(Control& field)
 {
     if (Shared.Machine != MachineKind::F1 || LineCount() <= 1 || lvCncProgram.Selected == 0) return;
     if (frmMain.lblGMcode.Text != "G") return;
     const Code code = CodeOfCell(" " + std::string(Trimmed(frmMain.txtGMcode.Text)) + " ");
     if (code <= G(3)) {
-        if (Shared.AbsoluteMode) field.Text = lvCncProgram.Row(lvCncProgram.Selected)[CellToolZ];
+        const std::string& toolZ = lvCncProgram.Row(lvCncProgram.Selected)[CellToolZ];
+        if (Shared.AbsoluteMode && (IsBlank(toolZ) || IsNumeric(toolZ))) field.Text = toolZ;
     } else if (ListHolds("G73 G81 G82 G83 G85 G89", code)) {
         for (int i = 1; i <= lvCncProgram.Selected; ++i) {
             const ProgramLine& row = lvCncProgram.Row(i);

@@ -24,7 +24,9 @@ void txtComment_GotFocus(Control& box);
 /// written. False when one has no value; the cursor is then back in it.
 bool WorkOutFields();
 
-/// Checks a field against its limit string, tells the user and empties the field when it is refused.
+/// Checks a field against its limit string; one without a limit only has to be a number of 32 bits, and an
+/// empty field is never refused. Tells the user, empties the field and brings the cursor back when it is
+/// refused.
 void EvalText(Control& field);
 
 /// The keys that the code box, the fields and the comment have in common: [INSERT], [UP], [DOWN].
@@ -32,6 +34,9 @@ bool EntryKeyDown(const KeyStroke& key);
 
 /// A feed preset as cell 6 holds it: the last 4 characters of 3 blanks and the box's text.
 std::string PresetCell(const Control& box);
+
+/// [ENTER] as a typed character.
+constexpr char EnterCharacter = 13;
 
 /// Whether a typed character is cut, copy, paste or backspace, which every entry box passes.
 bool IsEditingCharacter(char typed);

@@ -19,9 +19,13 @@
 #include "ui/profile_controls.h"
 #include "ui/text_box.h"
 
+#include <algorithm>
+
 namespace {
 
-constexpr double MillimetresPerInch = 2.54; // 1/1000 inch in 1/100 mm
+/// One unit of a program in inch (1/1000 inch) in units of a metric one (1/100 mm).
+constexpr double MetricPerInch = 2.54;
+
 /// Scales the last `digits` characters of a cell; what stands in front of them, sign or letter, stays.
 void ConvertCell(std::string& cell, size_t digits, double factor)
 {
@@ -97,18 +101,18 @@ void Convert(double factor)
     if (RefuseWhileBusy() || LineCount() < 1) return;
     Shared.Changed = true;
     for (int i = 1; i <= LineCount(); ++i) ConvertRow(lvCncProgram.Row(i), factor);
-    SetUnits(factor == MillimetresPerInch);
+    SetUnits(factor == MetricPerInch);
     ConvertEntry(factor);
 }
 
 void mnuMMtoINCH_click()
 {
-    Convert(1 / MillimetresPerInch);
+    Convert(1 / MetricPerInch);
 }
 
 void mnuINCHtoMM_click()
 {
-    Convert(MillimetresPerInch);
+    Convert(MetricPerInch);
 }
 
 void CodeDescription()
@@ -156,6 +160,10 @@ void txtFileNotes_GotFocus(Control& notes)
 void txtFileNotes_Change()
 {
     Shared.Changed = true;
+    Control& notes = frmMain.txtFileNotes;
+    const std::string_view front = FirstCharacters(notes.Text, static_cast<size_t>(notes.SelStart));
+    notes.SelStart -= static_cast<int>(std::count(front.begin(), front.end(), '%'));
+    if (std::erase(notes.Text, '%') > 0) notes.ToolTip = TextOf(Messages::NoPercent);
 }
 
 char txtFileNotes_Keypress(Control& notes, char typed)
@@ -165,6 +173,6 @@ char txtFileNotes_Keypress(Control& notes, char typed)
         notes.ToolTip = TextOf(Messages::NoPercent);
         return 0;
     }
-    if (typed == 13 || IsEditingCharacter(typed)) return typed;
+    if (typed == EnterCharacter || IsEditingCharacter(typed)) return typed;
     return typed >= 32 && static_cast<unsigned char>(typed) <= 127 ? typed : '\0';
 }

@@ -25,7 +25,8 @@ void mnuDelComments_Click();
 
 /// The caret stands at the end of the notes.
 void txtFileNotes_GotFocus(Control& notes);
-/// The notes are part of the file.
+/// The notes are part of the file. Takes out a "%" that was pasted: in a file and on the line it begins the
+/// program.
 void txtFileNotes_Change();
-/// What may be typed into the file notes: no "%", which begins the program in a file.
+/// What may be typed into the file notes: ASCII but "%".
 char txtFileNotes_Keypress(Control& notes, char typed);

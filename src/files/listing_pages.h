@@ -14,5 +14,5 @@ constexpr double SmallestPoints = 6, PointStep = 0.5;
 /// name, path, date and the page's number.
 std::vector<Sheet> LayOutListing(const PrintJob& job, PageSize page, const Face& face);
 
-/// The size that the font of a listing shrinks to.
+/// The size in points that the font of a listing shrinks to.
 double ListingPoints(const PrintJob& job, double width, const Face& face);

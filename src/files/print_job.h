@@ -7,7 +7,8 @@
 #include <string>
 #include <string_view>
 
-/// A job without items: the font that is set, and what its pages tell about the open program.
+/// A job without items: the font that is set, from 1 to 200 points (10 where none is set), and what its pages
+/// tell about the open program.
 PrintJob NewPrintJob();
 
 /// The text of the printed listing; "" when the program has no lines.

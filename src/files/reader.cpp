@@ -130,10 +130,6 @@ ProgramLine ReadLine(const Record& record, bool mill, bool cadCam)
     row[CellZ] = SignedField(record, layout, mill, code, &Layout::ZSign, layout.Z);
     row[CellF] = SignedField(record, layout, mill, code, &Layout::FSign, layout.F);
     if (!mill) row[CellH] = record.Number(layout.H);
-    for (const size_t cell : {CellToolX, CellToolZ, CellCenterX, CellCenterZ, CellRadius})
-        row[cell] = "      ";
-    row[CellAngle] = "   ";
-    row[CellTime] = "        ";
     if (!cadCam) row[CellComment] = Trimmed(record.Field(Comment));
     return row;
 }
@@ -190,16 +186,13 @@ std::string NotesOf(std::string_view text, size_t literal)
     return FromCodePage(Trimmed(notes));
 }
 
-/// The lines from the literal on, the CR LF in front of it included, so that element 0 is empty. A text
-/// that begins with the literal gets that CR LF here. Lines beyond those that a program may have stay
-/// together in the last element.
-std::vector<std::string_view> LinesFrom(std::string& text, size_t literal)
+/// Ends the line in front of the literal where the literal doesn't begin one: nothing stands in front of it,
+/// or an editor has moved it to the right.
+void BeginLineAt(std::string& text, size_t& literal)
 {
-    if (literal < LineEnd.size()) {
-        text.replace(0, literal, LineEnd);
-        literal = LineEnd.size();
-    }
-    return SplitText(std::string_view(text).substr(literal - LineEnd.size()), LineEnd, MostTokens);
+    if (std::string_view(text).substr(0, literal).ends_with(LineEnd)) return;
+    text.insert(literal, LineEnd);
+    literal += LineEnd.size();
 }
 
 } // namespace
@@ -219,15 +212,18 @@ ProgramFile ReadProgram(std::string_view bytes)
     const Literal* literal = FindLiteral(text, position);
     if (literal == nullptr || literal->Kind != FileKind::Program) return file;
     file.Machine = literal->Machine;
+    BeginLineAt(text, position);
 
     const bool cadCam = file.Machine == MachineKind::MK4 && FindNoCase(text, CadCamMark) != std::string::npos;
     if (!cadCam) file.Notes = NotesOf(text, position);
 
-    // On MK4 and F1 a header line stands in front of the first program line.
+    // Element 0 is the nothing in front of the line end before the literal. On MK4 and F1 a header line
+    // stands in front of the first program line. Lines beyond MostTokens stay together in the last element.
     const bool mk2 = file.Machine == MachineKind::MK2;
-    const std::vector<std::string_view> lines = LinesFrom(text, position);
+    const std::vector<std::string_view> lines =
+        SplitText(std::string_view(text).substr(position - LineEnd.size()), LineEnd, MostTokens);
     file.Rows.reserve(lines.size());
-    for (size_t element = mk2 ? 0 : 2; element < lines.size(); ++element) {
+    for (size_t element = mk2 ? 1 : 2; element < lines.size(); ++element) {
         if (lines[element].size() <= 1) continue;
         const Record record(lines[element]);
         file.End = TrailerOf(record, file.Machine);

@@ -66,9 +66,9 @@ std::vector<std::string> WrapLine(const std::string& line, double width, double 
         if (next == std::string::npos) break; // nothing but blanks would follow
         if (const std::string begin = rest.substr(0, end); !IsBlank(begin)) {
             lines.push_back(begin);
-            rest = margin + rest.substr(next);
+            rest.replace(0, next, margin);
         } else {
-            rest = rest.substr(next); // blanks wider than the page
+            rest.erase(0, next); // blanks wider than the page
         }
     }
     lines.push_back(rest);

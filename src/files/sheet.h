@@ -31,6 +31,7 @@ class Face
 {
 public:
     virtual ~Face() = default;
+    /// The width of a text in letters of so many points, in 1/100 mm.
     virtual double Width(std::string_view text, double points) const = 0;
     /// From one line to the next.
     virtual double LineHeight(double points) const = 0;
@@ -41,7 +42,7 @@ public:
 std::vector<std::string> PrintedLines(std::string_view text);
 
 /// Breaks a line that is wider than `width` into several, behind a blank, else behind a folder's name, where
-/// one stands in the second half. All but the first begin with `indent` blanks. No character but blanks is
-/// lost.
+/// one stands in the second half, else anywhere. All but the first begin with `indent` blanks where these
+/// leave half the width. No character but blanks is lost.
 std::vector<std::string> WrapLine(const std::string& line, double width, double points, const Face& face,
                                   size_t indent = 0);

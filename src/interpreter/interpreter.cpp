@@ -1,3 +1,6 @@
+// interpreter.cpp: the two sweeps (CheckLine; WalkOn with WalkLine) and the codes that act on flow and modes.
+// What arcs, cycles, tools and times need stands in the files beside it.
+
 #include "interpreter/interpreter.h"
 
 #include "core/failure.h"
@@ -53,10 +56,10 @@ void ReadCell(const std::string& cell, int16_t& word, float* plain = nullptr, fl
 void ReadWords(const ProgramLine& row, Pass& pass, bool withValues)
 {
     pass.LineCode = CodeOfCell(row[CellCode]);
-    Position* const values = withValues ? &pass.Values : nullptr;
-    ReadCell(row[CellX], pass.Words.X, values != nullptr ? &values->X : nullptr, pass.XScale);
-    ReadCell(row[CellY], pass.Words.Y, values != nullptr ? &values->Y : nullptr);
-    ReadCell(row[CellZ], pass.Words.Z, values != nullptr ? &values->Z : nullptr);
+    const auto plain = [&](float& value) { return withValues ? &value : nullptr; };
+    ReadCell(row[CellX], pass.Words.X, plain(pass.Values.X), pass.XScale);
+    ReadCell(row[CellY], pass.Words.Y, plain(pass.Values.Y));
+    ReadCell(row[CellZ], pass.Words.Z, plain(pass.Values.Z));
     ReadCell(row[CellF], pass.Words.F);
     ReadCell(row[CellH], pass.Words.H);
 }
@@ -126,15 +129,9 @@ void FindPlane(const Pass& pass)
 void SetRegister(Pass& pass)
 {
     Shared.AbsoluteMode = true;
-    if (Shared.Machine == MachineKind::F1) {
-        pass.XScale = 0.5F;
-        Shared.RadiusMode = true;
-        pass.Tool = pass.Values;
-        return;
-    }
-    pass.XScale = Shared.RadiusMode ? 1 : 0.5F;
-    pass.Tool.X = Shared.RadiusMode ? pass.Values.X : pass.Values.X / 2;
-    pass.Tool.Z = pass.Values.Z;
+    pass.XScale = 0.5F; // 1 again behind this line in radius mode, which the mill never leaves
+    pass.Tool = pass.Values;
+    if (!Shared.RadiusMode) pass.Tool.X /= 2;
 }
 
 /// G25: the walk goes on at the target and comes back behind the call.
@@ -365,6 +362,7 @@ void WalkOn(Pass& pass)
         if (Shared.RunMode) {
             SelectRow(pass.LineIndex + 1);
             if (!Shared.StepRequested) {
+                EndLoggedPass(); // what fails while it waits is no fault of its line
                 WaitingPass = pass;
                 return;
             }
@@ -379,14 +377,14 @@ void WalkOn(Pass& pass)
 
 } // namespace
 
-void Report(Pass& pass, ProgramLine& row, const std::string& text)
+void Report(const Pass& pass, ProgramLine& row, const std::string& text)
 {
     row[CellError] = text;
     Shared.LastErrorIndex = pass.LineIndex;
     ShowErrorColumn(pass.LineIndex - 1);
 }
 
-Walk ReportAndEnd(Pass& pass, ProgramLine& row, const Message& message)
+Walk ReportAndEnd(const Pass& pass, ProgramLine& row, const Message& message)
 {
     Report(pass, row, TextOf(message));
     return Walk::End;

@@ -2,7 +2,7 @@
 
 #include "core/main_window.h"
 #include "core/numbers.h"
-#include "core/text.h"
+#include "core/shared_state.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -16,7 +16,7 @@ struct Range {
 };
 
 /// Feeds, pitches and feed presets.
-constexpr Range FeedMetric{2, 499}, FeedInch{2, 199};
+constexpr Range FeedMetric{SmallestFeed, 499}, FeedInch{SmallestFeed, 199};
 
 /// One limit of a lathe's word. Rows of one code replace each other's message from top to bottom.
 struct LatheLimit {
@@ -154,7 +154,7 @@ std::string LimitMessage(Code code, const LineWords& words)
     for (const Check& check : ActiveChecks()[code]) {
         int value = words.*check.Word;
         if (check.Part == Checks::MaximumOfMagnitude) value = std::abs(value);
-        if (value < check.Within.Low && check.Part <= Checks::Minimum) {
+        if (value < check.Within.Low && check.Part != Checks::Maximum) {
             message = Refusal(check.Name, check.Within.Low, Messages::Minimum);
         }
         if (value > check.Within.High && check.Part != Checks::Minimum) {

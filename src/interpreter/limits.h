@@ -7,12 +7,14 @@
 #pragma once
 
 #include "core/codes.h"
-#include "core/shared_state.h"
 #include "interpreter/pass.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
+
+/// What feeds, pitches and feed presets begin at, in either unit.
+constexpr int SmallestFeed = 2;
 
 /// Checks one line against the limits of its code on the machine, units and spindle in force.
 /// Returns the message of the last check that failed, or "" when all held: a line shows one message,

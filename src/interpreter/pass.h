@@ -37,6 +37,7 @@ struct ArcState {
     bool OverQuadrant = false, Invalid = false;
 };
 
+/// Calls that may be open at a time.
 constexpr int MaxSubDepth = 5;
 
 struct Pass {
@@ -82,9 +83,9 @@ struct Pass {
 constexpr std::string_view PassName = "Interpreter";
 
 /// Reports a message at the line of LineIndex.
-void Report(Pass& pass, ProgramLine& row, const std::string& text);
+void Report(const Pass& pass, ProgramLine& row, const std::string& text);
 /// The same for a message that ends the walk.
-[[nodiscard]] Walk ReportAndEnd(Pass& pass, ProgramLine& row, const Message& message);
+[[nodiscard]] Walk ReportAndEnd(const Pass& pass, ProgramLine& row, const Message& message);
 
 /// Moves the tool to the line's values, or by them in incremental mode.
 void MoveTool(Pass& pass);

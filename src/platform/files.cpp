@@ -6,6 +6,8 @@
 
 #include "platform/files.h"
 
+#include "platform/failure_numbers.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <climits>
@@ -41,10 +43,10 @@ namespace {
 
 enum class Doing { Reading, Writing };
 
-constexpr int NotFound = 53;
-constexpr int DiskFull = 61;
-constexpr int Denied = 70;
-constexpr int NoAccess = 75;
+constexpr int NotFound = Failures::FileNotFound;
+constexpr int DiskFull = Failures::DiskFull;
+constexpr int Denied = Failures::PermissionDenied;
+constexpr int NoAccess = Failures::PathAccess;
 
 // Causes that no errno names. Below 0, where errno never is.
 constexpr int NotRegular = -1;
@@ -68,7 +70,9 @@ constexpr Cause Causes[] = {
     {ENOENT, {NotFound, "the file does not exist"}, {NoAccess, "the folder does not exist"}},
     {ENOTDIR, {NotFound, "the file does not exist"}, {NoAccess, "the folder does not exist"}},
     {ENOSPC, {DiskFull, "the disk is full"}, {DiskFull, "the disk is full"}},
-    {EDQUOT, {DiskFull, "your share of the disk is full"}, {DiskFull, "your share of the disk is full"}},
+    {EDQUOT,
+     {DiskFull, "your share of the disk is used up"},
+     {DiskFull, "your share of the disk is used up"}},
     {EFBIG, {NoAccess, "the file is too large"}, {DiskFull, "the file is too large for the disk"}},
     {EACCES, {Denied, "no permission to read it"}, {Denied, "no permission to write there"}},
     {EPERM, {Denied, "no permission to read it"}, {Denied, "no permission to write there"}},
@@ -78,14 +82,16 @@ constexpr Cause Causes[] = {
     {BadName, {NoAccess, "the name cannot be used"}, {NoAccess, "the name cannot be used"}},
     {EINVAL, {NoAccess, "the disk does not allow it"}, {NoAccess, "the disk does not allow the name"}},
     {ENAMETOOLONG, {NoAccess, "the name is too long"}, {NoAccess, "the name is too long"}},
-    {ELOOP, {NoAccess, "its links lead in a circle"}, {NoAccess, "its links lead in a circle"}},
-    {EEXIST, {NoAccess, "the name is taken"}, {NoAccess, "something else of that name is in the way"}},
+    {ELOOP, {NoAccess, "its links run in a circle"}, {NoAccess, "its links run in a circle"}},
+    {EEXIST,
+     {NoAccess, "the name is already taken"},
+     {NoAccess, "something else with that name is in the way"}},
     {EIO, {NoAccess, "the disk reports an error"}, {NoAccess, "the disk reports an error"}},
-    {ENODEV, {NoAccess, "the disk is gone"}, {NoAccess, "the disk is gone"}},
-    {ESTALE, {NoAccess, "the disk is gone"}, {NoAccess, "the disk is gone"}},
-    {EAGAIN, {NoAccess, "another program holds it"}, {NoAccess, "another program holds it"}},
-    {EBUSY, {NoAccess, "another program holds it"}, {NoAccess, "another program holds it"}},
-    {ETXTBSY, {NoAccess, "another program holds it"}, {NoAccess, "another program holds it"}},
+    {ENODEV, {NoAccess, "the disk is no longer there"}, {NoAccess, "the disk is no longer there"}},
+    {ESTALE, {NoAccess, "the disk is no longer there"}, {NoAccess, "the disk is no longer there"}},
+    {EAGAIN, {NoAccess, "another program is using it"}, {NoAccess, "another program is using it"}},
+    {EBUSY, {NoAccess, "another program is using it"}, {NoAccess, "another program is using it"}},
+    {ETXTBSY, {NoAccess, "another program is using it"}, {NoAccess, "another program is using it"}},
     {EMFILE, {NoAccess, "too many files are open"}, {NoAccess, "too many files are open"}},
     {ENFILE, {NoAccess, "too many files are open"}, {NoAccess, "too many files are open"}},
     {ENOMEM, {NoAccess, "there is not enough memory"}, {NoAccess, "there is not enough memory"}},
@@ -447,10 +453,10 @@ bool IsSameFile(const std::string& one, const std::string& other)
 std::vector<std::string> FilesIn(const std::string& folder, const std::string& ending)
 {
     std::vector<std::string> files;
-    std::error_code failed;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, failed)) {
-        const std::string name = entry.path().filename().string();
-        if (name.ends_with(ending) && FileExists(entry.path().string())) files.push_back(name);
+    std::error_code failed; // a loop over the range would throw where the disk fails on the way
+    for (std::filesystem::directory_iterator at(folder, failed), end; at != end; at.increment(failed)) {
+        const std::string name = at->path().filename().string();
+        if (name.ends_with(ending) && FileExists(at->path().string())) files.push_back(name);
     }
     std::sort(files.begin(), files.end());
     return files;
@@ -460,12 +466,11 @@ std::string FindFile(const std::string& folder, const std::string& name)
 {
     const std::string path = folder + "/" + name;
     if (FileExists(path)) return path;
-    const auto sameLetter = [](char a, char b) { return (a | 0x20) == (b | 0x20); };
-    std::error_code failed;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, failed)) {
-        const std::string found = entry.path().filename().string();
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? c | 0x20 : c; };
+    const auto sameLetter = [&](char a, char b) { return lower(a) == lower(b); };
+    for (const std::string& found : FilesIn(folder, "")) {
         if (std::equal(found.begin(), found.end(), name.begin(), name.end(), sameLetter))
-            return entry.path().string();
+            return folder + "/" + found;
     }
     return path;
 }

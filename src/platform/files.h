@@ -6,7 +6,7 @@
 //
 // Paths are byte strings as Linux takes them (UTF-8 by habit, cut at "/"), relative ones from the
 // current folder. An empty path and one with a zero byte in it are refused. Nothing here throws,
-// asks or blocks on a pipe; one thread at a time. Relies on the C library only.
+// asks or blocks on a pipe; one thread at a time.
 
 #pragma once
 
@@ -97,10 +97,11 @@ bool PathExists(const std::string& path);
 /// text.
 bool IsSameFile(const std::string& one, const std::string& other);
 
-/// The files of a folder with this ending, by name, in their order; none when there is no such folder.
+/// The names of the files in a folder that have this ending, sorted; none when there is no such folder.
 std::vector<std::string> FilesIn(const std::string& folder, const std::string& ending);
 
-/// The path of a file in a folder, by its name in any case; folder and name as given when there is none.
+/// The path of a file in a folder, by its name with the letters A to Z in any case; folder and name as given
+/// when there is none.
 std::string FindFile(const std::string& folder, const std::string& name);
 
 /// Removes a file; of a link the link, not its target. True when that was done, so false for one that

@@ -2,40 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <tuple>
-
-namespace {
-
-constexpr std::string_view Bauds[] = {"110", "300", "600", "1200", "2400", "4800", "9600"};
-constexpr std::string_view Parities[] = {"N", "E", "O"};
-constexpr std::string_view DataBits[] = {"7", "8"};
-constexpr std::string_view StopBits[] = {"1", "2"};
-
-/// Takes the next part of the text, up to a comma; "" when it is none of the values.
-template <size_t N> std::string_view NextOf(const std::string_view (&values)[N], std::string_view& text)
-{
-    const std::string_view part = text.substr(0, text.find(','));
-    text.remove_prefix(std::min(part.size() + 1, text.size()));
-    return std::find(std::begin(values), std::end(values), part) == std::end(values) ? "" : part;
-}
-
-} // namespace
-
-double LineParameters::CharacterTime() const
-{
-    const int bits = 1 + DataBits + (Parity == 'N' ? 0 : 1) + StopBits;
-    return static_cast<double>(bits) / Baud;
-}
-
-std::optional<LineParameters> ReadLineParameters(std::string_view text)
-{
-    if (std::count(text.begin(), text.end(), ',') != 3) return std::nullopt;
-    const std::string_view baud = NextOf(Bauds, text), parity = NextOf(Parities, text),
-                           dataBits = NextOf(DataBits, text), stopBits = NextOf(StopBits, text);
-    if (baud.empty() || parity.empty() || dataBits.empty() || stopBits.empty()) return std::nullopt;
-    return LineParameters{std::stoi(std::string(baud)), parity[0], dataBits[0] - '0', stopBits[0] - '0'};
-}
 
 void OrderPorts(std::vector<std::string>& devices)
 {

@@ -7,6 +7,8 @@
 
 #pragma once
 
+#include "platform/line_parameters.h"
+
 #include <chrono>
 #include <functional>
 #include <optional>
@@ -17,21 +19,7 @@
 /// The most ports that can be chosen from.
 constexpr int MaxPorts = 4;
 
-/// The line parameters as numbers. Texts of them look like "300,N,8,1": baud rate, parity N, E or O, data
-/// bits, stop bits.
-struct LineParameters {
-    int Baud = 300;
-    char Parity = 'N';
-    int DataBits = 8, StopBits = 1;
-
-    /// What the line takes for one character, in seconds: its bits, a start bit and, unless N, a parity bit.
-    double CharacterTime() const;
-};
-
-/// Reads a text of line parameters; nothing when it isn't one of those that the program offers.
-std::optional<LineParameters> ReadLineParameters(std::string_view text);
-
-/// Why the port failed. Number is a run-time failure number: 8005 another program holds it, 8018 it isn't
+/// Why the port failed. Number is a run-time failure number: 8005 another program is using it, 8018 it isn't
 /// open or can't be, 70 no permission.
 struct PortFailure {
     int Number = 0;
@@ -50,7 +38,7 @@ inline constexpr std::string_view None = "There is no serial port";
 inline constexpr std::string_view Gone = "%1 is gone: check the cable or the adapter";
 inline constexpr std::string_view Held = "%1 is used by another program";
 inline constexpr std::string_view Forbidden = "no permission: add yourself to the group %1";
-inline constexpr std::string_view Refused = "%1 does not take these settings";
+inline constexpr std::string_view Refused = "%1 does not accept these settings";
 /// %2: why, NoSuchPort or the system's words.
 inline constexpr std::string_view NotOpened = "%1 cannot be opened: %2";
 inline constexpr std::string_view NoSuchPort = "there is no such port";

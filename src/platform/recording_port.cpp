@@ -1,5 +1,7 @@
 #include "platform/recording_port.h"
 
+#include "platform/failure_numbers.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -7,7 +9,7 @@ namespace {
 
 RecordingPort FirstPort;
 
-constexpr int AlreadyOpen = 8005, NotOpen = 8018;
+constexpr int AlreadyOpen = Failures::PortAlreadyOpen, NotOpen = Failures::PortNotOpen;
 
 } // namespace
 

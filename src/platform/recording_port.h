@@ -13,7 +13,7 @@ public:
     int Count = 1;
     /// The chosen port, its line parameters, and every byte that was written.
     int Number = 1;
-    std::string Line = "300,N,8,1";
+    std::string Line = StandardLine();
     std::string Sent;
     /// Failure number of the next operation (open, set, write, read), 0 for none.
     int NextFailure = 0;

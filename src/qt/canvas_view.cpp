@@ -68,7 +68,7 @@ void CanvasView::Render()
             if (Pointer) ReadOut(*Pointer);
         });
     }
-    const Qt::CursorShape pointer = Drawing.Crosshair ? Qt::CrossCursor : Qt::ArrowCursor;
+    const Qt::CursorShape pointer = Drawing.IsPicking() ? Qt::CrossCursor : Qt::ArrowCursor;
     if (cursor().shape() != pointer) setCursor(pointer);
 }
 

@@ -18,14 +18,12 @@
 #include <QFileInfo>
 #include <QTimer>
 
-#include <clocale>
 #include <optional>
 #include <string>
 
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    std::setlocale(LC_NUMERIC, "C"); // the toolkit's is the user's; numbers of programs have a point
     QApplication::setApplicationName("brixley");
     QApplication::setApplicationVersion(ProductVersion);
     QApplication::setDesktopFileName("org.brixley.Brixley"); // a desktop shows that entry's icon

@@ -266,7 +266,7 @@ void FindFrame::Render()
 {
     setWindowTitle(QString::fromStdString(Tr("Find")));
     Events.Widgets.As<QLineEdit>(frmFind.txtFind)
-        ->setPlaceholderText(QString::fromStdString(Tr("Text, then Enter")));
+        ->setPlaceholderText(QString::fromStdString(Tr("Text, then [ENTER]")));
     const bool shown = frmFind.Window.Visible;
     if (isVisible() != shown) setVisible(shown);
     if (shown && IsFindInFront() && !isActiveWindow()) activateWindow();

@@ -6,9 +6,6 @@
 
 #include <QPainter>
 
-/// The painter's unit: a pixel at 96 to the inch.
-constexpr double TwipsPerPixel = 15;
-
 class PainterCanvas : public DrawCanvas
 {
 public:

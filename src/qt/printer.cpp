@@ -166,9 +166,9 @@ PrintOutcome QtPrinter::PrintOnPaper(const PrintJob& job)
 {
     QPrinter& device = Device();
     if (QPrinterInfo::printerInfo(device.printerName()).isNull())
-        return {PrintOutcome::Kind::Failed, "the printer is not there any more"};
+        return {PrintOutcome::Kind::Failed, "the printer is no longer there"};
     device.setDocName(job.Name.empty() ? ProductName : QString::fromStdString(job.Name));
     if (!PaintJob(job, device) || device.printerState() == QPrinter::Error)
-        return {PrintOutcome::Kind::Failed, "the printer takes no pages"};
+        return {PrintOutcome::Kind::Failed, "the printer accepts no pages"};
     return {};
 }

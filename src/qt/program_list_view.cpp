@@ -151,7 +151,7 @@ QVariant ProgramListModel::headerData(int section, Qt::Orientation orientation, 
     case Qt::TextAlignmentRole:
         return static_cast<int>(left ? Qt::AlignLeft : Qt::AlignRight) | static_cast<int>(Qt::AlignVCenter);
     case Qt::ToolTipRole:
-        return QString::fromStdString(cell == CellError ? Tr("Click to open the line of the first message")
+        return QString::fromStdString(cell == CellError ? Tr("Click to open the line with the first message")
                                                         : lvCncProgram.Headers[cell]);
     default: return {};
     }

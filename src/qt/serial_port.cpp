@@ -1,6 +1,6 @@
 #include "qt/serial_port.h"
 
-#include "core/failure.h"
+#include "platform/failure_numbers.h"
 
 #include <QSerialPortInfo>
 

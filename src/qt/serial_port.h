@@ -39,7 +39,7 @@ private:
 
     const std::string Fixed;
     int Number = 1;
-    std::string Name, Parameters = "300,N,8,1";
+    std::string Name, Parameters = StandardLine();
     QSerialPort Device;
     QTimer Timer;
     LinePace Pace;

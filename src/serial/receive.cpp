@@ -49,6 +49,14 @@ void SetText(std::string text)
     box.SelLength = 0;
 }
 
+/// What comes, or is typed, from here on is a text of its own until it turns out to go on with a kept one.
+void EmptyPane()
+{
+    SetText("");
+    Unsaved = false;
+    Beginning.clear();
+}
+
 /// Locks the editor and shows the pane. During a transmission Stop stays in its row.
 void OpenPane()
 {
@@ -58,9 +66,8 @@ void OpenPane()
     for (const auto frame : EditorButtons) (frmMain.*frame).Visible = false;
     frmMain.frCmdEditor3.Visible = Shared.Transmitting;
     frmMain.frCmdRX.Visible = frmMain.frRXcode.Visible = true;
-    SetText("");
-    Unsaved = false;
-    DropFocus(frmMain.txtRX); // the field that was left is not judged
+    EmptyPane();
+    DropFocus(frmMain.txtRX); // the field that was left is judged when its line is written
     SetFocus(frmMain.txtRX);
 }
 
@@ -154,7 +161,7 @@ void cmdReceiveSave_Click()
 
 void cmdReceiveNew_Click()
 {
-    if (KeepReceived()) SetText("");
+    if (KeepReceived()) EmptyPane();
 }
 
 void cmdReceiveLast_Click()
@@ -191,6 +198,7 @@ void CloseReceivePane()
     ForgetTransmissionResult();
     frmMain.lvCncProgram.ToolTip.clear();
     cmdReturn_Click();
+    SetFocus(frmMain.lvCncProgram); // before it is taken from txtRX: what OpenPane left is still to be judged
 }
 
 void ForgetReceived()
@@ -213,7 +221,7 @@ bool KeepReceived()
     if (!failure) return true;
     NoteFailure(failure->Number, "cmdReceiveExit_Click");
     const std::string unsaved = Tr("%1 could not be saved: %2", {KeptFile(), Tr(failure->Reason)});
-    const MessageBox box{unsaved + "\r\n\r\n" + Tr("Go on without it?"), "", Buttons::YesNo,
+    const MessageBox box{unsaved + "\r\n\r\n" + Tr("Continue without it?"), "", Buttons::YesNo,
                          Icon::Exclamation};
     return ThePlatform->Show(box) == Answer::Yes;
 }
@@ -236,7 +244,7 @@ std::string ReceptionText()
         before = c;
     }
     if (!text.empty() && before != '\r' && before != '\n') ++lines;
-    return Tr("%1 lines received", {std::to_string(lines)});
+    return lines == 1 ? Tr("1 line received") : Tr("%1 lines received", {std::to_string(lines)});
 }
 
 void ShowReception()

@@ -52,25 +52,17 @@ constexpr Side RX{&W::frRX,
                   &W::cmdRXEmco,
                   &SharedState::SettingsRX};
 
-constexpr const char* Bauds[] = {"110", "300", "600", "1200", "2400", "4800", "9600"};
-constexpr const char* Parities[] = {"N", "E", "O"};
-constexpr const char* DataBits[] = {"7", "8"};
-constexpr const char* StopBits[] = {"1", "2"};
-/// The options of the standard setting, by index.
-constexpr size_t StandardBaud = 1, StandardParity = 0, StandardDataBits = 1, StandardStopBits = 0;
-constexpr const char* StandardLine = "300,N,8,1";
-
 /// The value of the option that is on; the first when none is.
-template <size_t N> std::string Chosen(const Control (&options)[N], const char* const (&values)[N])
+template <size_t N> std::string Chosen(const Control (&options)[N], const LineChoice<N>& choice)
 {
     const auto* on = std::find_if(std::begin(options), std::end(options),
                                   [](const Control& option) { return option.Value == 1; });
-    return values[on == std::end(options) ? 0 : on - options];
+    return choice.Values[on == std::end(options) ? 0 : static_cast<size_t>(on - options)];
 }
 
 bool IsStandard(const Side& side)
 {
-    return Shared.*side.Settings == StandardLine && (frmMain.*side.Filter).Value == 1 &&
+    return Shared.*side.Settings == StandardLine() && (frmMain.*side.Filter).Value == 1 &&
            std::none_of(std::begin(side.Handshake), std::end(side.Handshake),
                         [](const auto box) { return (frmMain.*box).Value == 1; });
 }
@@ -78,8 +70,8 @@ bool IsStandard(const Side& side)
 void MakeSettings(const Side& side)
 {
     Shared.*side.Settings =
-        Chosen(frmMain.*side.Bauds, Bauds) + "," + Chosen(frmMain.*side.Parities, Parities) + "," +
-        Chosen(frmMain.*side.DataBits, DataBits) + "," + Chosen(frmMain.*side.StopBits, StopBits);
+        Chosen(frmMain.*side.Bauds, BaudRates) + "," + Chosen(frmMain.*side.Parities, Parities) + "," +
+        Chosen(frmMain.*side.DataBits, DataBitCounts) + "," + Chosen(frmMain.*side.StopBits, StopBitCounts);
     (frmMain.*side.StandardLabel).Enabled = (frmMain.*side.StandardButton).Enabled = !IsStandard(side);
 }
 
@@ -107,6 +99,12 @@ void ShowPort()
     }
 }
 
+void OpenEnabledPort(std::string_view procedure)
+{
+    if (!Shared.ComEnabled || ThePort->IsOpen()) return;
+    if (const auto failure = ThePort->Open()) PortTrouble(*failure, procedure);
+}
+
 void SelectPort(int index, std::string_view procedure)
 {
     if (Shared.Transmitting) { // the program that goes out stays on its port
@@ -119,17 +117,16 @@ void SelectPort(int index, std::string_view procedure)
     if (ThePort->IsOpen()) ThePort->Close();
     ThePort->Select(Shared.Port);
     MakeComSettings();
-    if (!Shared.ComEnabled) return;
-    if (const auto failure = ThePort->Open()) PortTrouble(*failure, procedure);
+    OpenEnabledPort(procedure);
 }
 
 void MakeStandard(const Side& side)
 {
     Choose((frmMain.*side.Ports)[0]);
-    Choose((frmMain.*side.Bauds)[StandardBaud]);
-    Choose((frmMain.*side.Parities)[StandardParity]);
-    Choose((frmMain.*side.DataBits)[StandardDataBits]);
-    Choose((frmMain.*side.StopBits)[StandardStopBits]);
+    Choose((frmMain.*side.Bauds)[BaudRates.Standard]);
+    Choose((frmMain.*side.Parities)[Parities.Standard]);
+    Choose((frmMain.*side.DataBits)[DataBitCounts.Standard]);
+    Choose((frmMain.*side.StopBits)[StopBitCounts.Standard]);
     for (const auto box : side.Handshake) SetCheck(frmMain.*box, false);
     SetCheck(frmMain.*side.Filter, true);
     MakeComSettings();
@@ -151,11 +148,8 @@ void BeginCommunication()
         frmMain.chkEnableCom.Value = 0;
         chkEnableCom_click();
     }
-    if (!Shared.ComEnabled) {
-        if (ThePort->IsOpen()) ThePort->Close();
-    } else if (!ThePort->IsOpen()) {
-        if (const auto failure = ThePort->Open()) PortTrouble(*failure, "Form_Load");
-    }
+    if (!Shared.ComEnabled && ThePort->IsOpen()) ThePort->Close();
+    OpenEnabledPort("Form_Load");
 }
 
 void RefreshPorts()
@@ -179,8 +173,7 @@ void tabSettings_Click()
 
 void LeaveSettings()
 {
-    if (!Shared.ComEnabled || ThePort->IsOpen()) return;
-    if (const auto failure = ThePort->Open()) PortTrouble(*failure, "mnuSettingsShow_Click");
+    OpenEnabledPort("mnuSettingsShow_Click");
 }
 
 void chkEnableCom_click()

@@ -34,12 +34,13 @@ void ShowTransfer()
 {
     ShowReception();
     const bool receiving = frmMain.frRXcode.Visible && !frmMain.txtRX.Text.empty();
+    if (!receiving && !Shared.Transmitting) return;
+    // How a transmission beside a reception goes, or ended, stands behind it.
+    const std::string sending = Shared.Transmitting ? TransmissionText() : TransmissionResult();
     std::string& shown = frmMain.lblTransfer.Text;
-    if (Shared.Transmitting) shown = (receiving ? ReceptionText() + "; " : "") + TransmissionText();
-    if (Shared.Transmitting || !receiving) return;
-    // How a transmission beside it ended stands behind it.
-    const std::string result = TransmissionResult();
-    shown = ReceptionText() + (result.empty() ? "" : "; " + result);
+    shown = receiving ? ReceptionText() : "";
+    if (!shown.empty() && !sending.empty()) shown += "; ";
+    shown += sending;
 }
 
 void PortTrouble(const PortFailure& failure, std::string_view procedure, TroubleBox box)

@@ -216,7 +216,7 @@ std::string TransmissionText()
     switch (Sending.End) {
     case TransmissionEnd::Sent: return text;
     case TransmissionEnd::Stopped:
-    case TransmissionEnd::Failed: return Tr("%1: %2", {Tr("The program was sent in part only"), text});
+    case TransmissionEnd::Failed: return Tr("%1: %2", {Tr("Only part of the program was sent"), text});
     case TransmissionEnd::Running: break;
     }
     const size_t bytes = Sending.BytesLeft + (going ? Sending.Lines[sent].size() + LineEnd.size() : 0);

@@ -2,6 +2,7 @@
 
 #include "core/app_data.h"
 #include "platform/files.h"
+#include "platform/port.h"
 
 namespace {
 
@@ -14,7 +15,7 @@ constexpr Number Box(int S::*at)
 {
     return {at, 0, 1};
 }
-constexpr const char* BaudRates = "110 300 600 1200 2400 4800 9600";
+constexpr const char* Machines[] = {"MK2", "MK4", "F1"};
 
 /// The file, line by line. Keys are read in any case.
 constexpr Row Rows[] = {
@@ -26,7 +27,7 @@ constexpr Row Rows[] = {
     {";Settings"},
     {"Horizontal", &S::Horizontal},
     {"Metric", &S::Metric},
-    {"Machine", Choice{&S::Machine, "MK2 MK4 F1"}},
+    {"Machine", Choice{&S::Machine, Machines}},
     {"AutoWidth", &S::AutoWidth},
     {"FeedA", Number{&S::FeedA, 0, 32767}},
     {"FeedB", Number{&S::FeedB, 0, 32767}},
@@ -42,24 +43,24 @@ constexpr Row Rows[] = {
     {"MachineTime", Box(&S::MachineTime)},
     {""},
     {";Comm Settings General"},
-    {"Port", Number{&S::Port, 1, 4}},
+    {"Port", Number{&S::Port, 1, MaxPorts}},
     {"ComPortEnable", &S::ComPortEnable},
     {""},
     {";Comm Settings Transmit"},
-    {"BaudTX", Choice{&S::BaudTX, BaudRates}},
-    {"ParityTX", Choice{&S::ParityTX, "N E O"}},
-    {"DataBitsTX", Choice{&S::DataBitsTX, "7 8"}},
-    {"StopBitsTX", Choice{&S::StopBitsTX, "1 2"}},
+    {"BaudTX", Choice{&S::BaudTX, BaudRates.Values}},
+    {"ParityTX", Choice{&S::ParityTX, Parities.Values}},
+    {"DataBitsTX", Choice{&S::DataBitsTX, DataBitCounts.Values}},
+    {"StopBitsTX", Choice{&S::StopBitsTX, StopBitCounts.Values}},
     {"XonXoffTX", Box(&S::XonXoffTX)},
     {"DtrDsrTX", Box(&S::DtrDsrTX)},
     {"RtsCtsTX", Box(&S::RtsCtsTX)},
     {"TXfilter ", Box(&S::FilterTX)},
     {""},
     {";Comm Settings Receive"},
-    {"BaudRX", Choice{&S::BaudRX, BaudRates}},
-    {"ParityRX", Choice{&S::ParityRX, "N E O"}},
-    {"DataBitsRX", Choice{&S::DataBitsRX, "7 8"}},
-    {"StopBitsRX", Choice{&S::StopBitsRX, "1 2"}},
+    {"BaudRX", Choice{&S::BaudRX, BaudRates.Values}},
+    {"ParityRX", Choice{&S::ParityRX, Parities.Values}},
+    {"DataBitsRX", Choice{&S::DataBitsRX, DataBitCounts.Values}},
+    {"StopBitsRX", Choice{&S::StopBitsRX, StopBitCounts.Values}},
     {"XonXoffRX", Box(&S::XonXoffRX)},
     {"DtrDsrRX", Box(&S::DtrDsrRX)},
     {"RtsCtsRX", Box(&S::RtsCtsRX)},

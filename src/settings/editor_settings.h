@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "platform/line_parameters.h"
 #include "settings/setting_rows.h"
 
 #include <array>
@@ -18,9 +19,11 @@ struct EditorSettings {
     int ToolPosition = 0, LineProperties = 0, FileNotes = 0, Gcode = 0, MachineTime = 0;
     int Port = 1;
     bool ComPortEnable = false;
-    std::string BaudTX = "300", ParityTX = "N", DataBitsTX = "8", StopBitsTX = "1";
+    std::string BaudTX = BaudRates.StandardValue(), ParityTX = Parities.StandardValue(),
+                DataBitsTX = DataBitCounts.StandardValue(), StopBitsTX = StopBitCounts.StandardValue();
     int XonXoffTX = 0, DtrDsrTX = 0, RtsCtsTX = 0, FilterTX = 1;
-    std::string BaudRX = "300", ParityRX = "N", DataBitsRX = "8", StopBitsRX = "1";
+    std::string BaudRX = BaudRates.StandardValue(), ParityRX = Parities.StandardValue(),
+                DataBitsRX = DataBitCounts.StandardValue(), StopBitsRX = StopBitCounts.StandardValue();
     int XonXoffRX = 0, DtrDsrRX = 0, RtsCtsRX = 0, FilterRX = 1;
     /// "": the first typewriter's face among the printer's fonts, at the printer's size.
     std::string FontName, FontSize;

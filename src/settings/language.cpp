@@ -71,9 +71,9 @@ void TakeSystemVariable(const KeyValue& line, size_t)
 /// Only English has words short enough for the tool bar; other languages have the pictures alone.
 void BeginToolBar()
 {
-    const char* const words[] = {"Open", "Save", "New", "Print", "Set", "Axes", "Axes", "Draw", "RX", "TX"};
     const bool english = EqualsNoCase(Shared.LanguageName, "English");
-    for (Control& button : frmMain.cmdTopButtons) button.Text = english ? words[button.Element] : "";
+    for (Control& button : frmMain.cmdTopButtons)
+        button.Text = english ? BuiltInWindow().cmdTopButtons[button.Element].Text : "";
 }
 
 void TakeHeader(const KeyValue& line, size_t position)
@@ -95,9 +95,9 @@ std::string Horizontal, Vertical;
 
 void TakeSetting(const KeyValue& line, size_t)
 {
-    constexpr const char* Tabs[] = {"General", "Units", "Info", "Machine", "Printer", "COM"};
-    for (size_t i = 0; i < std::size(Tabs); ++i) {
-        if (EqualsNoCase(line.Key, Tabs[i])) frmMain.tabSettings.Items[i] = line.Value;
+    const std::vector<std::string>& tabs = BuiltInWindow().tabSettings.Items;
+    for (size_t i = 0; i < tabs.size(); ++i) {
+        if (EqualsNoCase(line.Key, tabs[i])) frmMain.tabSettings.Items[i] = line.Value;
     }
     if (EqualsNoCase(line.Key, "Horizontal")) Horizontal = line.Value;
     if (EqualsNoCase(line.Key, "Vertical")) Vertical = line.Value;

@@ -1,7 +1,6 @@
 #include "settings/own_captions.h"
 
 #include "core/draw_window.h"
-#include "core/main_window.h"
 #include "core/messages.h"
 
 namespace {
@@ -23,9 +22,15 @@ void Show(Control& control, const Control& builtIn)
 
 } // namespace
 
+const MainWindow& BuiltInWindow()
+{
+    static const MainWindow window;
+    return window;
+}
+
 void ShowOwnCaptions()
 {
-    static const MainWindow first;
+    const MainWindow& first = BuiltInWindow();
     for (const auto caption : Captions) Show(frmMain.*caption, first.*caption);
     for (const auto group : Groups) {
         for (size_t i = FirstGroup; i <= LastGroup; ++i) Show((frmMain.*group)[i], (first.*group)[i]);

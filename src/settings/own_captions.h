@@ -3,6 +3,11 @@
 
 #pragma once
 
+#include "core/main_window.h"
+
+/// The main window as it is built, in English.
+const MainWindow& BuiltInWindow();
+
 /// Puts the captions of the main window and of the Program Lines window into the language in force.
 void ShowOwnCaptions();
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 
 namespace {
@@ -90,13 +91,10 @@ std::optional<Geometry> ReadGeometry(std::string_view text)
     return Geometry{numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
-std::optional<std::string> ReadChoice(std::string_view text, std::string_view words)
+std::optional<std::string> ReadChoice(std::string_view text, std::span<const char* const> words)
 {
-    while (!words.empty()) {
-        const size_t end = words.find(' ');
-        const std::string_view word = words.substr(0, end);
-        if (EqualsNoCase(word, Trimmed(text))) return std::string(word);
-        words.remove_prefix(end == std::string_view::npos ? words.size() : end + 1);
+    for (const char* word : words) {
+        if (EqualsNoCase(word, text)) return word;
     }
     return std::nullopt;
 }

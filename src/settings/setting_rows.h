@@ -7,7 +7,6 @@
 
 #include "core/text.h"
 
-#include <cmath>
 #include <optional>
 #include <span>
 #include <string>
@@ -29,10 +28,10 @@ template <class Settings> struct NumberPlace {
 template <class Settings> struct ColorPlace {
     int Settings::*At;
 };
-/// One of some words, separated by blanks, in any case.
+/// One of some words, in any case.
 template <class Settings> struct ChoicePlace {
     std::string Settings::*At;
-    const char* Words;
+    std::span<const char* const> Words;
 };
 /// A size that may have a fraction, above 0; kept as it was typed.
 template <class Settings> struct SizePlace {
@@ -62,7 +61,7 @@ std::optional<bool> ReadTruth(std::string_view text);
 std::optional<int> ReadNumber(std::string_view text, int low, int high);
 std::optional<int> ReadColor(std::string_view text);
 std::optional<Geometry> ReadGeometry(std::string_view text);
-std::optional<std::string> ReadChoice(std::string_view text, std::string_view words);
+std::optional<std::string> ReadChoice(std::string_view text, std::span<const char* const> words);
 
 /// " 1 ": a number as settings files have it; a negative one has its sign in front.
 std::string NumberText(int value);

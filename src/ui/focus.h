@@ -1,12 +1,11 @@
 // focus.h: which control has the cursor, and what happens on its way from one to another.
 //
-// The focus belongs to the engine, so entry behaves the same in a window, in a test and in a script.
+// The focus belongs to the engine, so entry behaves the same in a window, in a test and in a script. Each
+// window has a focus of its own; keys go to the one of the active window.
 
 #pragma once
 
 #include "core/control.h"
-
-// Each window has a focus of its own; keys go to the one of the active window.
 
 /// The window that a control stands in.
 Control& WindowOf(Control& control);

@@ -116,7 +116,7 @@ bool RefuseWhileBusy()
     frmMain.lvCncProgram.ToolTip =
         Tr(Shared.Transmitting ? "A program is being transmitted: press Stop first"
            : Shared.RunLocked  ? "The program is being stepped through: press Stop first"
-                               : "Received code is shown: leave it by Exit Transfer Mode first");
+                               : "Received code is shown: press Exit Transfer Mode first");
     return true;
 }
 
@@ -244,8 +244,8 @@ void ShowHint()
     if (Shared.RunLocked) {
         const bool stops = IsUsable(frmMain.cmdStop), steps = IsUsable(frmMain.cmdStep);
         if (steps)
-            hint = Tr(stops ? "[ALT-S] does the selected line, [ALT-P] stops"
-                            : "[ALT-S] does the selected line");
+            hint = Tr(stops ? "[ALT-S] runs the selected line, [ALT-P] stops"
+                            : "[ALT-S] runs the selected line");
         if (stops && !steps) hint = Tr("[ALT-P] stops");
         return;
     }

@@ -16,7 +16,7 @@
 
 namespace {
 
-/// What the units are called, and the option that stands for them.
+/// What the units are called, and the option that stands for them. A lathe has no choice of the spindle.
 struct UnitsRow {
     bool Mill, Metric, Horizontal;
     const char* Caption;
@@ -28,9 +28,7 @@ constexpr UnitsRow UnitsTable[] = {
     {true, true, false, "V 1/100 mm", &MainWindow::optSettingsVmm},
     {true, false, true, "H 1/1000 \"", &MainWindow::optSettingsHinch},
     {true, false, false, "V 1/1000 \"", &MainWindow::optSettingsVinch},
-    {false, true, true, "1/100 mm", &MainWindow::optSettingsMm},
     {false, true, false, "1/100 mm", &MainWindow::optSettingsMm},
-    {false, false, true, "1/1000 \"", &MainWindow::optSettingsInch},
     {false, false, false, "1/1000 \"", &MainWindow::optSettingsInch},
 };
 
@@ -193,11 +191,12 @@ void ApplyMachine()
 Control& ShowUnits()
 {
     const bool metric = Shared.Metric, mill = Shared.Machine == MachineKind::F1;
+    const bool horizontal = mill && Shared.Horizontal;
     frmMain.mnuMMtoINCH.Enabled = metric;
     frmMain.mnuINCHtoMM.Enabled = !metric;
     frmMain.lblEntryUnits.Text = Tr(metric ? "1/100 mm: 1000 = 10.00 mm" : "1/1000 inch: 1000 = 1.000 inch");
     const auto row = std::find_if(std::begin(UnitsTable), std::end(UnitsTable), [&](const UnitsRow& units) {
-        return units.Mill == mill && units.Metric == metric && units.Horizontal == Shared.Horizontal;
+        return units.Mill == mill && units.Metric == metric && units.Horizontal == horizontal;
     });
     frmMain.lblPPUnits.Text = Tr(row->Caption);
     return frmMain.*row->Option;

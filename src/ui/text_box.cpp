@@ -6,6 +6,7 @@
 
 namespace {
 
+/// Outlasts a reset, as the system's does.
 std::string Clipboard;
 
 int Length(const Control& box)

@@ -75,19 +75,17 @@ TEST_F(Cli, WhatCannotBeDoneSaysWhyOnOneLine)
         const char* Words;
         const char* Why; ///< part of the line
     } cases[] = {
-        {"", "subcommand"},
+        {"", "a command is missing"},
         {"chek good.cnc", ""},
         {"check", "FILE"},
         {"check --speed good.cnc", "--speed"},
         {"check --machine MK3 good.cnc", "MK3"},
-        {"check --units cm good.cnc", "cm"},
         {"show --view gcode,color good.cnc", "color"},
         {"save '' -o new.cnc", "no file is named"},
         {"check missing.cnc", "missing.cnc"},
         {"check sub", "sub"},
         {"check good.cnc letter.txt", "letter.txt"},
         {"check good.cnc bad.cnc german.txt", "language module"},
-        {"show letter.txt", "letter.txt"},
         {"check good.cnc --settings old.cnc", "old.cnc"},
         {"check good.cnc --settings ''", "--settings"},
         {"show --json german.txt", "language module"},
@@ -99,9 +97,10 @@ TEST_F(Cli, WhatCannotBeDoneSaysWhyOnOneLine)
         {"save good.cnc -o missing/out.cnc", "out.cnc"},
         {"save good.cnc -o /proc/self/out.cnc", "out.cnc"},
         {"save good.cnc -o ''", ""},
+        {"keys --script ''", "script"},
+        {"check --language missing.txt good.cnc", "cli: missing.txt: the file does not exist"},
         {"convert good.cnc -o out.cnc", "--to"},
         {"convert good.cnc --to cm -o out.cnc", "cm"},
-        {"convert good.cnc --to inch -o sub", "sub"},
         {"show good.cnc >/dev/full", "written"},
         {"draw good.cnc", "-o"},
         {"draw good.cnc -o old.gif", ".png"},
@@ -112,8 +111,6 @@ TEST_F(Cli, WhatCannotBeDoneSaysWhyOnOneLine)
         {"draw good.cnc --ops --zero 1,2,3", "--zero"},
         {"draw good.cnc --ops --scale 0", "--scale"},
         {"draw header.cnc --ops", "no lines"},
-        {"draw german.txt --ops", "language module"},
-        {"draw good.cnc --ops >/dev/full", "written"},
     };
     for (const auto& c : cases) {
         const Ran run = Call(c.Words);
@@ -129,8 +126,10 @@ TEST_F(Cli, WhatCannotBeDoneSaysWhyOnOneLine)
 
 TEST_F(Cli, ShowsProgramsWithMessagesToo)
 {
+    Work.Put("bad.cnc", "\x1b[2J\r\n" + WithCrLf(Bad));
     const Ran table = Call("show bad.cnc");
     EXPECT_EQ(table.Status, 0);
+    EXPECT_TRUE(table.Out.starts_with("?[2J\n\n    N  G ")) << table.Out;
     EXPECT_NE(table.Out.find("\n> "), std::string::npos) << table.Out;
     EXPECT_EQ(table.Out.find('\x1b'), std::string::npos); // no terminal, no colour
 
@@ -200,6 +199,8 @@ TEST_F(Cli, DrawPrintsTheOperationsOfTheCanvas)
     const Ran centred = Call("draw good.cnc --ops --scale 2 --canvas 15000x12000");
     EXPECT_NE(centred.Out.find("[\"DrawLine\",8400,4500,8600,6500]"), std::string::npos) << centred.Out;
 
+    EXPECT_NE(Call("draw good.cnc --ops --zero 0.0625,0").Out.find(",0.0625,"), std::string::npos);
+
     const Ran refused = Call("draw bad.cnc --ops");
     EXPECT_EQ(refused.Status, 1);
     EXPECT_EQ(refused.Out, "");
@@ -246,6 +247,8 @@ TEST_F(Cli, DrawWritesAPictureOrKeepsWhatWasThere)
 
 TEST_F(Cli, ASettingsFolderIsMade)
 {
+    EXPECT_EQ(Call("--version; TMPDIR=/missing '" BRIXLEY_CLI "' keys --keys=21").Status, 0)
+        << "nor is there one";
     EXPECT_EQ(Call("keys --settings new/deep --keys='{MENU mnuExit}'").Status, 0);
     EXPECT_TRUE(File("new/deep/Settings.edt").starts_with(";BXL "));
 }
@@ -270,6 +273,19 @@ TEST_F(Cli, TheBoxOfLanguagesNamesTheModuleInForce)
         const auto state = nlohmann::json::parse(run.Out);
         EXPECT_EQ(state["controls"]["cboLanguage"]["text"], test.Shown) << test.Name;
     }
+}
+
+/// Nobody types there: the file that was open last is neither written nor spoken of.
+TEST_F(Cli, TheLastFileOfASettingsFolderStaysAsItIs)
+{
+    const std::string settings = "Metric=True\nMachine=MK4\nLastFileUsed=" + Work / "";
+    Work.Put("sub/Settings.edt", WithCrLf(settings + "good.cnc\n"));
+    for (const char* options : {"--view gcode", "--units inch", "--machine MK2", "--orientation horizontal"})
+        EXPECT_EQ(Call("check bad.cnc --settings sub " + std::string(options)).Status, 1) << options;
+    EXPECT_EQ(File("good.cnc"), WithCrLf(Good));
+    Work.Put("sub/Settings.edt", WithCrLf(settings + "letter.txt\n"));
+    EXPECT_EQ(Call("check missing.cnc --settings sub").Err,
+              "brixley-cli: missing.cnc: the file does not exist\n");
 }
 
 /// Both instances write the settings at their exit: whoever comes last has written a whole file.

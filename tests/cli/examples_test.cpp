@@ -9,14 +9,13 @@
 #include "core/codes.h"
 #include "core/program_list.h"
 #include "core/text.h"
-#include "platform/files.h"
+#include "support/program.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -41,13 +40,6 @@ std::vector<std::string> Examples()
 bool ShowsMistakes(const std::string& file)
 {
     return file.ends_with("-mistakes.cnc");
-}
-
-std::string Bytes(const std::string& file)
-{
-    std::string bytes;
-    EXPECT_FALSE(ReadWholeFile(file, bytes)) << file;
-    return bytes;
 }
 
 /// The codes of a machine's picking lists, "G01" or "M06". M99R is typed only: its first walk makes it M99.
@@ -125,12 +117,11 @@ TEST(Examples, HoldEveryCode)
 
 TEST(Examples, SavingGivesTheirBytesAgain)
 {
-    const std::string target = testing::TempDir() + "brixley-example-" + std::to_string(::getpid()) + ".cnc";
+    const Folder folder;
     for (const std::string& file : Examples()) {
-        EXPECT_EQ(SaveFile({}, file, target).Why, "");
-        EXPECT_EQ(Bytes(target), Bytes(file)) << file;
+        EXPECT_EQ(SaveFile({}, file, folder / "saved.cnc").Why, "");
+        EXPECT_EQ(BytesOf(folder / "saved.cnc"), BytesOf(file)) << file;
     }
-    fs::remove(target);
 }
 
 TEST(Examples, BehaveAsBefore)

@@ -3,8 +3,10 @@
 
 #include "commands/load.h"
 #include "commands/program.h"
+#include "commands/recent_files.h"
 #include "commands/save.h"
 #include "commands/session.h"
+#include "commands/settings.h"
 #include "core/main_window.h"
 #include "core/messages.h"
 #include "core/program_list.h"
@@ -228,14 +230,8 @@ TEST(Save, AsksForANameUntilOneMayBeWritten)
         {"closed without a name", true, "old", {""}, {}, "No file specified", ""},
         {"overwrite", true, "new", {"old"}, {Answer::Yes}, "Overwrite old?; old has been saved", "old"},
         {"rather not", true, "old", {"old", "new"}, {Answer::Cancel}, "Overwrite old?", ""},
-        {"another name",
-         true,
-         "old",
-         {"old", "new"},
-         {Answer::No},
-         "Overwrite old?; new has been saved",
-         "new"},
-        {"another name, then cancelled", true, "old", {"old"}, {Answer::No}, "Overwrite old?", ""},
+        {"another", true, "old", {"old", "new"}, {Answer::No}, "Overwrite old?; new has been saved", "new"},
+        {"another, then cancelled", true, "old", {"old"}, {Answer::No}, "Overwrite old?", ""},
     };
     for (const auto& c : cases) {
         Start("MK4 mm");
@@ -260,6 +256,13 @@ TEST(Save, AsksForANameUntilOneMayBeWritten)
     lvCncProgram = {};
     mnuSave_Click();
     EXPECT_EQ(Boxes(), "No Lines of code present");
+    Start("MK4 mm");
+    const Folder folder;
+    Translated.MessageTable[19] = "Remplacer";
+    Translated.Own["%1 %2?"] = "%1 %2 ?";
+    Desk.Files = {folder.Put("old", "old")};
+    mnuSaveAs_Click();
+    EXPECT_TRUE(Boxes().starts_with("Remplacer old ?;")) << Boxes();
 }
 
 TEST(Save, AFailureKeepsTheOldFileAndTellsWhy)
@@ -290,6 +293,24 @@ TEST(Save, AFailureKeepsTheOldFileAndTellsWhy)
         EXPECT_EQ(Boxes().find("disk is full") != std::string::npos, c.Full) << Boxes();
         EXPECT_TRUE(LogList().ends_with(" SaveFile_Click")) << LogList();
     }
+}
+
+TEST(RecentFiles, TheLastTenStandInTheOrderOfTheirUse)
+{
+    Start("MK4 mm");
+    const Folder folder;
+    for (int i = 0; i < 12; ++i) LoadFile(folder.Put("p" + std::to_string(i), WithCrLf(MillProgram)));
+    LoadFile(folder / "p5");
+    std::filesystem::remove(folder / "p11");
+    mnuRecentFile_Click(1);
+    EXPECT_EQ(Boxes(), "p11 is no longer there");
+    Desk.Files = {folder / "n&w"};
+    mnuSaveAs_Click();
+    EXPECT_EQ(Shared.DialogFile, folder / "n&w");
+    EXPECT_EQ(Desk.Dialogs.back().Folder + "/", folder / "");
+    std::string entries;
+    for (const Control& entry : frmMain.mnuRecentFile) entries += entry.Visible ? entry.Text + "|" : "";
+    EXPECT_EQ(entries, "&1  n&&w|&2  p5|&3  p10|&4  p9|&5  p8|&6  p7|&7  p6|&8  p4|&9  p3|&0  p2|");
 }
 
 TEST(Convert, EachValueByItself)
@@ -374,6 +395,9 @@ TEST(CodeComments, ComeAndGoWithTheirBox)
     Load("%\n   N00 G26 X      Z       F    \n   N01 G27 X      Z       F 00\n   M\n");
     EXPECT_EQ(CellOf(0, CellComment), "@  Tool Change and Compensation");
     EXPECT_EQ(CellOf(1, CellComment), ""); // that control has no jumps
+    LoadLanguageModule(LANGUAGES_DIR "/German.txt");
+    EXPECT_EQ(CellOf(0, CellComment), "@  Werkzeugwechsel und -korrektur");
+    EXPECT_FALSE(Shared.Changed); // by another language
 
     // An M99R has four characters and no description; the walk hasn't met it here.
     Start("MK4 mm");
@@ -409,6 +433,7 @@ TEST(Profile, AnotherMachineBeginsAnew)
     Choose(frmMain.optSettingsMK2);
     EXPECT_EQ(Boxes(), "File has been changed. Clear anyway?");
     EXPECT_EQ(Desk.Boxes[0].Box.Title, "Clear?");
+    EXPECT_TRUE(Desk.Boxes[0].Box.SafeIsNo);
     EXPECT_EQ(Shared.Machine, MachineKind::F1);
     EXPECT_EQ(frmMain.optSettingsF1CNC.Value, 1);
     EXPECT_EQ(frmMain.optSettingsMK2.Value, 0);

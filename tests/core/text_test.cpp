@@ -49,27 +49,7 @@ TEST(Text, SplitEndsAtAnEmptyToken)
         {"counted", "a\r\nb\r\nc\r\nd", 2, {"a", "b", "c\r\nd"}},
     };
     for (const auto& c : cases) EXPECT_EQ(SplitText(c.Text, "\r\n", c.Count), c.Expected) << c.Name;
-    EXPECT_EQ(SplitText("1toX2TO3", "to", -1, Compare::NoCase), (Parts{"1", "X2", "3"}));
-}
-
-TEST(Text, NextTokenLeavesATextWithoutDelimiterAlone)
-{
-    std::string_view text = "2TO499";
-    EXPECT_EQ(NextToken(text, "TO"), "2");
-    EXPECT_EQ(text, "499");
-    EXPECT_EQ(NextToken(text, "TO"), "");
-    EXPECT_EQ(text, "499");
-}
-
-TEST(Text, ReplaceTextSearchesWhatItProduced)
-{
-    EXPECT_EQ(ReplaceText("aabb", "ab", ""), "");
-    EXPECT_EQ(ReplaceText("x    y", "  ", " "), "x y");
-    EXPECT_EQ(ReplaceText("aXaXa", "a", "b", 1, 1), "aXbXa");
-    EXPECT_EQ(ReplaceText("Tab TAB", "tab", "", 0, -1, Compare::NoCase), " ");
-    EXPECT_EQ(ReplaceText("Tab", "tab", ""), "Tab");
-    EXPECT_EQ(ReplaceText("abc", "", "x"), "abc");
-    EXPECT_EQ(ReplaceEach("a. b. ", ". ", ".. "), "a.. b.. ");
+    EXPECT_EQ(SplitText("2TO499", "TO"), (Parts{"2", "499"}));
 }
 
 TEST(Text, KeysAndFileNames)
@@ -83,6 +63,7 @@ TEST(Text, KeysAndFileNames)
     EXPECT_EQ(FileNameOf("C:\\work/b\\a.cnc"), "a.cnc");
     EXPECT_EQ(FileNameOf("a.cnc"), "a.cnc");
     EXPECT_EQ(FileNameOf("folder/"), "");
+    EXPECT_EQ(ReplaceEach("a. b. ", ". ", ".. "), "a.. b.. ");
 }
 
 TEST(Text, CodesOfCellsInAnyCaseButOfFourCharacters)
@@ -111,6 +92,15 @@ TEST(CodePage, CharactersOfTheWindowsPage)
     EXPECT_EQ(ToCodePage("\u4E2D\u0080"), "??");      // not in the page
     EXPECT_EQ(ToCodePage("a\xC3"), "a?");             // cut off in the middle of a character
     EXPECT_EQ(ToCodePage("\xF0\x9F\x98\x80z"), "?z"); // one character, one question mark
+}
+
+// A module of the 8-bit page isn't taken for UTF-8 because some of its letters look like it.
+TEST(CodePage, WhatIsValidUtf8)
+{
+    EXPECT_TRUE(IsUtf8("a\u00E9\u20AC\uFFFD\U0001F527"));
+    for (const char* no :
+         {"\xE9t\xE9", "\xC3", "\x80", "\xC0\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xFF\x80\x80\x80"})
+        EXPECT_FALSE(IsUtf8(no)) << no;
 }
 
 TEST(Messages, ATranslationOfBlanksIsNone)

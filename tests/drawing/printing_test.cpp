@@ -116,10 +116,10 @@ TEST(Printing, ADrawingIsPrintedOnWhiteAndTheWindowComesBackBlack)
 TEST(Printing, WhatCannotBePrintedIsToldOrLeft)
 {
     OpenDrawing(Pin);
-    Desk.Printer.Fault = "the printer takes no pages";
+    Desk.Printer.Fault = "the printer accepts no pages";
     cmdPrint_Click();
     ASSERT_EQ(Desk.Boxes.size(), 1u);
-    EXPECT_EQ(Desk.Boxes[0].Box.Text, "Printing failed: the printer takes no pages");
+    EXPECT_EQ(Desk.Boxes[0].Box.Text, "Printing failed: the printer accepts no pages");
     EXPECT_EQ(LogList(), "482 PrintPictureToFitPage");
     EXPECT_EQ(frmDraw.chkPrintableBackground.Value, 0);
 

@@ -5,6 +5,7 @@
 #include "core/draw_window.h"
 #include "core/program_list.h"
 #include "drawing/drawing_state.h"
+#include "drawing/line_figures.h"
 #include "support/figures.h"
 #include "support/program.h"
 
@@ -29,6 +30,8 @@ template <size_t count> void DrawAll(const Drawn (&cases)[count])
         Draw(c.Profile, c.Lines, {c.Boxes, c.Scale});
         EXPECT_EQ(Figures(), c.Figures) << c.Name;
         EXPECT_FALSE(Drawing.DrawingNow) << c.Name;
+        Redraw();
+        EXPECT_EQ(Figures(), c.Figures) << c.Name << ", again: a walk begins anew";
     }
 }
 
@@ -142,14 +145,16 @@ TEST(Walk, ThreadsAndCycles)
         {"hole of a lathe", "MK4 mm", "G83 Z-400 F50 / G84 X10 Z10 F50",
          "blue/2 0,0>-400,0>0,0; red box 0,0>10,10; red box 10,10>0,0; @0,0"},
         {"hole of the mill", "F1 mm", "G00 X10 Y0 / G81 Z-400 F50", "green 0,0>10,0; blue dot 10,0; @10,0"},
-        {"as wide as the last cut", "F1 mm", "M06 D150 / G01 X100 Y0 F50 / G81 Z-400 F50",
-         "blue/20 0,0>100,0; blue/20 dot 100,0; @100,0", Width},
-        {"a wide tool", "F1 mm", "M06 D300 / G01 X10 Y0 F50", "blue/80 0,0>20,0; @20,0", Width, 2},
+        {"as wide as the last cut", "F1 mm", "G01 X10 Y0 F50 / M06 D150 / G01 X90 Y0 F50 / G81 Z-400 F50",
+         "blue 0,0>10,0; blue/20 10,0>100,0; blue/20 dot 100,0; @100,0", Width},
+        {"a wide tool", "F1 mm", "M06 D1200 / G01 X10 Y0 F50", "blue/80 0,0>5,0; @5,0", Width, 0.5F},
         {"never thinner than a pixel", "F1 mm", "M06 D30 / G01 X80 Y0 F50", "blue 0,0>10,0; @10,0", Width,
          0.125F},
         {"wide and centre line, radii once", "F1 mm", "M06 D75 / G02 X100 Y100 F50",
          "cyan/10 arc 100,0 r100 90..180; cyan~ 100,-100>100,0>0,0; white arc 100,0 r100 90..180; @100,-100",
          Both},
+        {"a rapid move is thin and green in both", "F1 mm", "M06 D75 / G00 X10 Y0",
+         "green 0,0>10,0; green 0,0>10,0; @10,0", Both},
         {"no width on the lathes", "MK4 mm", "M06 X300 Z0 F1 / G01 X10 Z0 F50", "blue 0,0>0,10; @0,10", Both},
     };
     DrawAll(cases);
@@ -212,7 +217,7 @@ TEST(Walk, FollowsTheFlow)
     const Drawn cases[] = {
         {"jump", "MK4 mm", "G00 X10 Z0 / G27 L03 / G00 X10 Z0 / G00 X5 Z0", "green 0,0>0,10>0,15; @0,15"},
         {"jump below the first line", "MK4 mm", "G00 X10 Z0 / G27 L-5 / G00 X10 Z0", "green 0,0>0,10; @0,10"},
-        {"jump behind the last line", "MK4 mm", "G27 L99 / G00 X10 Z0", "@0,0"},
+        {"jump behind the last line", "MK4 mm", "G27 L101 / G00 X10 Z0", "@0,0"},
         {"call", "MK4 mm", "G25 L03 / G00 X1 Z0 / M30 / G00 X10 Z0 / M17", "green 0,0>0,10>0,11; @0,11"},
         {"return without a call", "MK4 mm", "M17 / G00 X10 Z0 / G25 L04 / M30 / G00 X1 Z0 / M17",
          "green 0,0>0,10>0,11; @0,11"},
@@ -239,6 +244,26 @@ TEST(Walk, FollowsTheFlow)
     EXPECT_EQ(CountOf("line"), 500000);
 }
 
+TEST(Walk, AFigureIsFoundByItsPlace)
+{
+    const struct {
+        const char *Name, *Lines;
+        double X, Y;
+        int Line;
+    } cases[] = {
+        {"the last of two", "G00 X500 Z0 / G00 X-300 Z0", 0, 350, 2},
+        {"on an arc", "G00 X0 Z1 / G02 X500 Z500 F50", 147, 354, 2},
+        {"through angle 0", "G02 X-500 Z-500 F50", -146, -354, 1},
+        {"where the circle goes on", "G02 X500 Z500 F50", 500, -500, 0},
+        {"the far side of a box", "G84 X200 Z300 F50", 300, 100, 1},
+        {"the zero point's marks", "G21", 0, 2000, 0},
+    };
+    for (const auto& c : cases) {
+        Draw("MK4 mm", c.Lines);
+        EXPECT_EQ(LineAt(Drawing.ZeroPointX + c.X, Drawing.ZeroPointY + c.Y, 20), c.Line) << c.Name;
+    }
+}
+
 TEST(Walk, WaitsWhereTheProgramSaysSo)
 {
     Draw("MK4 mm", "G00 X1 Z0 / G00 X1 Z0;cmdSTEP / G00 X1 Z0;cmdRUN / G00 X1 Z0");
@@ -258,7 +283,7 @@ TEST(Walk, WaitsWhereTheProgramSaysSo)
     EXPECT_FALSE(Drawing.DrawingNow || frmDraw.cmdStep.Visible || Drawing.AbortDraw);
 
     // In a paced walk each line of a pocket waits for a tick; Abort leaves it behind a pair of rows.
-    Draw("F1 mm", "M06 D100 / G72 X1000 Y1200 Z-10 F50");
+    Draw("F1 mm", "M06 D100 / G72 X1000 Y1200 Z-10 F50", {Width});
     Drawing.PausesTakeTime = true;
     frmDraw.cboRun.Index = static_cast<int>(RunChoice::Interval1);
     Redraw();
@@ -267,11 +292,27 @@ TEST(Walk, WaitsWhereTheProgramSaysSo)
         Timer1_Timer();
         ResumeDrawing();
     }
-    EXPECT_EQ(Figures(), "red 10,-10>790,-10>790,-190; @790,-190");
+    EXPECT_EQ(Figures(), "grey/13 10,-10>790,-10>790,-190; @790,-190");
     EXPECT_EQ(Drawing.TimerPeriod, 50);
     cmdAbort_Click();
     ResumeDrawing();
-    EXPECT_EQ(Figures(), "red 10,-10>790,-10>790,-190>10,-190>10,-380>790,-380; @790,-380");
+    EXPECT_EQ(Figures(), "grey/13 10,-10>790,-10>790,-190>10,-190>10,-380>790,-380; @790,-380");
+    lvCncProgram.Row(1)[CellComment] = "cmdRUN"; // no tick comes any more
+    Redraw();
+    EXPECT_FALSE(Drawing.DrawingNow);
+
+    // A word sets the timer going by itself. The mill's second walk does not pause.
+    Draw("F1 mm", "G01 X1 Y0 F50;cmdINTERVAL2 / G01 X1 Y0 F50", {Both});
+    Drawing.PausesTakeTime = true;
+    Redraw();
+    EXPECT_TRUE(Drawing.TimerRuns);
+    EXPECT_EQ(Drawing.TimerPeriod, 500);
+    for (int tick = 0; tick < 2; ++tick) {
+        EXPECT_EQ(WaitingLine(), tick);
+        Timer1_Timer();
+        ResumeDrawing();
+    }
+    EXPECT_FALSE(Drawing.DrawingNow);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "core/main_window.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
+#include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
 #include "drawing/line_figures.h"
 #include "drawing/measure.h"
@@ -126,16 +127,19 @@ TEST(DrawWindow, ReadoutAndMeasuring)
     EXPECT_EQ(frmDraw.txtMeasureX1.Text, "123");
     EXPECT_EQ(Focused(), &frmDraw.txtMeasureX2);
     EXPECT_EQ(frmDraw.lblMeasureDeltaX.Text, "477");
+    RunKeyScript("{UP}{LEFT}55{LEFT}{LEFT}{RIGHT},{RIGHT}"); // arrows leave a box at its ends alone
+    EXPECT_EQ(Focused(), &frmDraw.txtMeasureZ1);
 
     // The third click takes the marks away again: each is drawn twice.
     const size_t before = Picture.Operations().size();
     RunKeyScript("{CANVAS 5000 5000}");
     EXPECT_GT(Picture.Operations().size(), before);
+    EXPECT_EQ(Lines(), 5U) << "they belong to no line";
     EXPECT_TRUE(frmDraw.cboScale.Enabled);
     EXPECT_FALSE(Drawing.MeasureStarted);
 
     for (const auto& [typed, clean] :
-         {std::pair("12-3", "123"), {"-12-3", "-123"}, {"-", "0"}, {"", "0"}, {"007", "7"}, {"--5", "-5"}})
+         {std::pair("12-3", "123"), {"-12-3", "-123"}, {"-", "0"}, {"", "0"}, {"007", "7"}, {"9e999", "0"}})
         EXPECT_EQ(CleanMeasureText(typed), clean) << typed;
 }
 
@@ -168,7 +172,7 @@ TEST(DrawWindow, EscapeLeavesWhatGoesOn)
         const int figures = Picture.FigureCount();
         RunKeyScript(test.Script);
         EXPECT_EQ(Picture.FigureCount(), figures + static_cast<int>(test.Marks)) << test.Name;
-        EXPECT_FALSE(Drawing.MeasureStarted || Drawing.PickingZeroPoint || Drawing.Crosshair) << test.Name;
+        EXPECT_FALSE(Drawing.IsPicking()) << test.Name;
         EXPECT_TRUE(frmDraw.frView.Visible && frmDraw.cmdRedraw.Enabled) << test.Name;
         EXPECT_EQ(Drawing.ZeroPointX, 1000) << test.Name;
         EXPECT_TRUE(frmDraw.Window.Visible) << test.Name;
@@ -206,7 +210,7 @@ TEST(DrawWindow, FrameAndZeroPoint)
     EXPECT_EQ(std::pair(frmDraw.frControls.Left, frmDraw.frControls.Top), std::pair(4000, 3000));
     RunKeyScript("{CLICK cmdCloseControls}{CANVAS 500 5000}");
     EXPECT_TRUE(frmDraw.frControls.Visible);
-    EXPECT_EQ(frmDraw.frControls.Left, 1);
+    EXPECT_EQ(std::pair(frmDraw.frControls.Left, frmDraw.frControls.Top), std::pair(1, 4370));
     EXPECT_FALSE(Drawing.MeasureStarted) << "the click only brings the frame back";
     RunKeyScript("{CLICK cmdZeroPoint}");
     EXPECT_FALSE(frmDraw.cmdAutoFit.Enabled);
@@ -216,6 +220,9 @@ TEST(DrawWindow, FrameAndZeroPoint)
     // A walk that waits without its frame is given it back by a click.
     RunKeyScript("{PICK frmDraw.cboRun 2}{CLICK cmdCloseControls}{CANVAS 6000 3000}{CLICK cmdStep}");
     EXPECT_EQ(WaitingLine(), 1);
+    frmDraw.chkAutoRedraw.Value = 1;
+    frmDraw_Resize();
+    EXPECT_EQ(WaitingLine(), 1) << "the fit waits for the end of the steps";
 }
 
 TEST(DrawWindow, ProgramLinesFollowTheWalk)

@@ -2,6 +2,7 @@
 
 #include "cli/key_script.h"
 #include "cli/open_program.h"
+#include "core/control_names.h"
 #include "core/failure.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
@@ -17,14 +18,14 @@ Control* ControlOf(const std::string& name)
 {
     Control* found = nullptr;
     frmMain.ForEach([&](Control& control) {
-        if (name == control.Name) found = &control;
+        if (name == FullName(control)) found = &control;
     });
     return found;
 }
 
 /// What a case looks at: "row 3" (cells 1 to 7 without their blanks, a bar, the comment), "error 3", "focus",
-/// "selected", "lines", "top", "changed", "ended", "messages" (texts joined by bars), "titles", "tip NAME",
-/// "limits NAME", "label NAME" and "value NAME", "visible NAME", "usable NAME".
+/// "selected", "lines", "changed", "ended", "messages" (texts joined by bars), "tip NAME", "limits NAME",
+/// "value NAME", "visible NAME", "usable NAME", or a control's name for its text.
 std::string Look(const std::string& what)
 {
     const std::string name = what.substr(std::min(what.find(' ') + 1, what.size()));
@@ -109,6 +110,7 @@ const Case Entry[] = {
     {"[UP] goes to the list", "MK4", "01{ENTER}{UP}", "focus", "lvCncProgram"},
     {"[RIGHT] with all selected goes on", "MK4", "01{ENTER}{RIGHT}", "focus", "txtZK"},
     {"[RIGHT] in the text moves the caret", "MK4", "01{ENTER}5{RIGHT}", "focus", "txtXI"},
+    {"[LEFT] in the text does too", "MK4", "01{ENTER}{ENTER}-5{LEFT}", "focus", "txtZK"},
     {"[LEFT] at the start goes back", "MK4", "01{ENTER}{ENTER}{LEFT}", "focus", "txtXI"},
     {"letters can't be typed into a field", "MK4", "01{ENTER}1x2y.", "txtXI", "12"},
     {"the preset key moves on", "MK4", "01{ENTER}{ENTER}{ENTER}B", "focus", "txtComment"},
@@ -122,6 +124,13 @@ const Case Entry[] = {
      "12345678901234567890123456789012345678901234"},
     {"the mill proposes the depth of the hole before", "F1",
      "81{ENTER}-500{ENTER}60{ENTER}{ENTER}21{ENTER}{ENTER}82{ENTER}{ENTER}", "txtZK", "-500"},
+    {"or of its own row", "F1",
+     "81{ENTER}-500{ENTER}60{ENTER}{ENTER}82{ENTER}-700{ENTER}{ENTER}{ENTER}{ROW 2}{ENTER}", "txtZK",
+     "-  700"},
+    {"a line that no walk has reached keeps its Z", "F1",
+     "90{ENTER}{ENTER}M17{ENTER}{ENTER}G01{ENTER}1{ENTER}0{ENTER}-500{ENTER}60{ENTER}{ENTER}"
+     "{ROW 3}{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}",
+     "row 3", "02 01 01 00 -500 60 |"},
 };
 
 const Case Fields[] = {
@@ -183,16 +192,27 @@ const Case Lines[] = {
      "txtGMcode", "25"},
     {"[CTRL-E] finds it from anywhere", "MK4", RAPID "25{ENTER}2{ENTER}{ENTER}" RAPID "{CTRL-E}", "selected",
      "2"},
+    {"[SHIFT-CTRL-E] goes back to one", "MK4",
+     "00{ENTER}3000{ENTER}{ENTER}{ENTER}00{ENTER}3000{ENTER}{ENTER}{ENTER}00{ENTER}3000{ENTER}{ENTER}{ENTER}"
+     "{UNITS optSettingsInch}{SHIFT-CTRL-E}",
+     "selected", "3"},
+    {"a path is only read", "MK4", "{MENU mnuSettingsShow}{PICK tabSettings 3}{CLICK txtSettingsFileName}x",
+     "txtSettingsFileName", ""},
+    {"keys walk the tabs and their stops, and press a box", "MK4",
+     "{MENU mnuSettingsShow}{RIGHT}{RIGHT}{LEFT}{TAB}{TAB} ", "value optSettingsInch", "1"},
     {"the radius of an arc becomes its centre", "MK4",
      "02{ENTER}500{ENTER}-200{ENTER}50{ENTER}{ENTER}-99R{ENTER}600{ENTER}{ENTER}", "row 2",
      "01 M99 I449 K397 |"},
+    {"a doubled brace is one", "MK4", "{CLICK txtFileNotes}{{a}}b}", "txtFileNotes", "{a}b}"},
     {"no % in the notes", "MK4", "{CLICK txtFileNotes}a%b", "txtFileNotes", "ab"},
+    {"nor a pasted one", "MK4", "{TEXT txtFileNotes 50% %}", "txtFileNotes", "50 "},
     {"deleting all comments counts as a change", "MK4", "21{ENTER}cmdWRONG{ENTER}{MENU mnuDelComments}",
      "error 1", "               "},
     {"a conversion takes the entry along", "MK4",
      "01{ENTER}1000{ENTER}-2000{ENTER}200{ENTER}{ENTER}{SELECT 1}{ENTER}{MENU mnuMMtoINCH}{FOCUS "
      "txtComment}{ENTER}",
      "row 1", "00 01 394 -787 79 |"},
+    {"and its limits", "MK4", RAPID "{MENU mnuMMtoINCH}", "limits txtXI", "-1999TO1999"},
     {"and what is proposed for the next line", "MK4",
      "01{ENTER}1000{ENTER}-2000{ENTER}200{ENTER}{ENTER}{MENU mnuMMtoINCH}{FOCUS txtGMcode}"
      "01{ENTER}{ENTER}{ENTER}{ENTER}{ENTER}",
@@ -208,7 +228,9 @@ const Case RunAndLeave[] = {
     {"at M30 the walk ends on its row", "MK4", RAPID "M30{ENTER}{ENTER}" RAPID "{ALT-R}{ALT-S}{ALT-S}",
      "selected", "2"},
     {"and stays locked", "MK4", RAPID "M30{ENTER}{ENTER}{ALT-R}{ALT-S}{ALT-S}", "usable txtComment", "no"},
-    {"until Stop", "MK4", RAPID "M30{ENTER}{ENTER}{ALT-R}{ALT-S}{CLICK cmdStop}", "usable txtComment", "yes"},
+    {"a walk that was stopped doesn't go on", "MK4",
+     RAPID RAPID "{ALT-R}{ALT-S}{CLICK cmdStop}{SELECT 1}{ALT-S}", "selected", "1"},
+    {"until Stop", "MK4", RAPID "M30{ENTER}{ENTER}{ALT-R}{ALT-S}{ALT-P}", "usable txtComment", "yes"},
     {"rows don't change under a walk", "MK4", RAPID RAPID "{ALT-R}{ESC}{DELETE}{INSERT}", "lines", "2"},
     {"the list says why", "MK4", RAPID "{ALT-R}{ESC}{DELETE}", "tip lvCncProgram",
      "The program is being stepped through: press Stop first"},
@@ -218,15 +240,34 @@ const Case RunAndLeave[] = {
     {"Cancel stays", "MK4", RAPID "{ANSWER Cancel}{MENU mnuExit}", "ended", "no"},
     {"a full disk stops the exit", "MK4", RAPID "{DISK FULL}{FILE out/x.cnc}{MENU mnuExit}{DISK OK}", "ended",
      "no"},
+    {"a run ends where the exit saves", "MK4", RAPID "{ALT-R}{DISK FULL}{FILE x.cnc}{CLOSE frmMain}{DISK OK}",
+     "lines", "2"},
+    {"a code left for a help page doesn't keep the end code out", "MK4",
+     RAPID "01{F1}{DISK FULL}{FILE x.cnc}{CLOSE frmMain}{DISK OK}", "lines", "2"},
+    {"and a field left for one is still judged later", "MK4",
+     RAPID "01{ENTER}9999{F1}{DISK FULL}{FILE x.cnc}{CLOSE frmMain}{DISK OK}{CLICK txtComment}{ENTER}",
+     "focus", "txtXI"},
+    {"a code left for one shows its fields first", "MK4", "33{F1}{F1}{CLICK txtComment}{ENTER}", "focus",
+     "txtZK"},
     {"an unchanged program is left at once", "MK4", "{MENU mnuExit}", "messages", ""},
     {"the refused machine comes back", "MK4", RAPID "{ANSWER No}{MACHINE F1}", "value optSettingsMK4", "1"},
     {"help is a toggle", "MK4", "{F1}{F1}", "visible rtfHelp", "no"},
+    {"[ESC] goes back from it into the field", "MK4", "01{ENTER}{F1}{ESC}", "focus", "txtXI"},
     {"and locks the window", "MK4", "{F1}", "usable txtGMcode", "no"},
     {"[ESC] closes it", "MK4", "{CTRL-G}{ESC}", "usable txtGMcode", "yes"},
-    {"a narrow window has no Save", "MK4", "{RESIZE frmMain 11800 9000}", "visible txtComment", "yes"},
-    {"the notes take the place of the properties", "MK4", "{CHECK chkViewFileNotes}",
-     "visible frProgramProperties", "no"},
+    {"and leaves disabled what the code has no use for", "MK4", "{CTRL-G}{ESC}", "usable cmdFeedA", "no"},
+    {"the MK2 has no colours", "MK2", "{CTRL-G}{ESC}{CLICK cmdTopButtons(4)}", "usable lblSettingsAbsColor",
+     "no"},
+    {"a narrow window has no Save", "MK4", "{RESIZE frmMain 11999 9000}", "visible cmdTopButtons(1)", "no"},
+    {"a wider one has it, but not Set", "MK4", "{RESIZE frmMain 12000 9000}", "visible cmdTopButtons(4)",
+     "no"},
+    {"the notes take the place of the properties", "MK4",
+     "{RESIZE frmMain 15300 10000}{CHECK chkViewFileNotes}", "visible frProgramProperties", "no"},
     {"the tick disables what needs a line", "MK4", "{TICK}", "usable cmdDelete", "no"},
+    {"and the drawing of a program with messages", "MK4", RAPID "25{ENTER}2{ENTER}{ENTER}{TICK}",
+     "usable cmdTopButtons(7)", "no"},
+    {"the selected line's message is said", "MK4", "21{ENTER}cmdA{ENTER}21{ENTER}cmdB{ENTER}{SELECT 2}",
+     "lblMessage", "N01:  !Unknown ControlCommand     (2 lines with messages)"},
 };
 
 TEST(Script, Entry)

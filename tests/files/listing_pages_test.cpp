@@ -184,4 +184,5 @@ TEST(ListingPages, AnyPageTakesEveryLine)
         std::erase(wanted, '\t');
         EXPECT_EQ(body, wanted);
     }
+    EXPECT_EQ(PrintedLines("abc\td")[0], "abc     d");
 }

@@ -2,8 +2,6 @@
 
 #include "files/reader.h"
 
-#include "commands/session.h"
-#include "core/main_window.h"
 #include "support/program.h"
 
 #include <gtest/gtest.h>
@@ -212,11 +210,16 @@ TEST(Reader, DamagedFilesGiveWhatCanBeMadeOfThem)
         {"no % line", "    N` G`   X `    Z `  F`  H \n    00 21 \n   M\n", 1},
         {"MK2 without a % line", "   N00 G21 X      Z       F    \n   N01 G22\n   M\n", 2},
         {"one character in front", "x    N` G`   X `    Z `  F`  H \n    00 21 \n   M\n", 1},
+        {"a header moved to the right", "%\n      N` G`   X `    Z `  F`  H \n    00 21 \n   M\n", 1},
         {"header alone", MK4Header, 0},
         {"cut off in the header", "%\n    N` G`   X `    Z", 0},
         {"cut off in a line", MK4Header + "    00 2", 1},
     };
-    for (const auto& c : cases) EXPECT_EQ(Read(c.Text).Rows.size(), c.Rows) << c.Name;
+    for (const auto& c : cases) {
+        const ProgramFile file = Read(c.Text);
+        EXPECT_EQ(file.Rows.size(), c.Rows) << c.Name;
+        EXPECT_EQ(file.Notes, "") << c.Name;
+    }
 }
 
 TEST(Reader, TheMostLinesThatAFileMayHave)

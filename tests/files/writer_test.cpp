@@ -74,6 +74,14 @@ TEST(Writer, TrailersNotesAndNumbers)
     EXPECT_NE(text.find("   N99 G21 X      Z       F    \r\n   N00 G21"), std::string::npos);
     EXPECT_TRUE(text.ends_with("   N05 G21 X      Z       F    \r\n   M\r\n"));
 
+    // A line with an N in its number is the blank row for the MK4 alone.
+    for (const char* profile : {"MK4 mm", "F1 mm"}) {
+        Start(profile);
+        Enter("G21 ;first / M30");
+        lvCncProgram.Row(1)[CellN] = " N0";
+        EXPECT_EQ(GenerateAll().find("first") != std::string::npos, Shared.Machine == MachineKind::F1);
+    }
+
     // An M99R that no arc has turned into M99 yet moves its line by one column.
     Start("MK4 mm");
     Enter("M99R R50");

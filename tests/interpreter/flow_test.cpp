@@ -6,6 +6,7 @@
 #include "core/main_window.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
+#include "editor/lines.h"
 #include "support/program.h"
 
 #include <gtest/gtest.h>
@@ -179,6 +180,9 @@ TEST(Flow, TheLineLimit)
         Start(c.Profile);
         Enter(c.Lines);
         EXPECT_EQ(MessageList(), c.Messages) << c.Profile << " " << c.Lines;
+        const int lines = LineCount();
+        LineInsert(); // is refused at the limit
+        EXPECT_EQ(LineCount(), lines) << c.Profile << " " << c.Lines;
     }
 }
 
@@ -203,6 +207,15 @@ TEST(Flow, TheFirstErrorNamesTheHeaderAndMarksTheSelectedRow)
     Enter("G21");
     EXPECT_EQ(lvCncProgram.Widths[CellError], 0);
     EXPECT_FALSE(Shared.ErrorsPresent);
+}
+
+TEST(Flow, FailuresBesideAWaitingRunAreKeptOneByOne)
+{
+    Start("MK4 mm");
+    Shared.RunMode = Shared.StepRequested = true;
+    Enter("G01 X10 Z0 F0 / G21"); // the first line is walked, the run waits at the second
+    for (int print = 1; print <= 2; ++print) NoteFailure(Failures::PrinterError, "mnuPrint_Click");
+    EXPECT_EQ(LogList(), "11 Interpreter; 482 mnuPrint_Click; 482 mnuPrint_Click");
 }
 
 TEST(Flow, AnEmptyProgram)

@@ -6,6 +6,7 @@
 
 #include "platform/failing_disk.h"
 #include "platform/files.h"
+#include "support/program.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -37,18 +38,7 @@ const SystemCalls Slow = [] {
     return calls;
 }();
 
-void InstallFault(const DiskFault& fault)
-{
-    FailDisk(fault, Slow);
-}
-
 // ---- The world around ----
-
-std::string Content(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 void Put(const fs::path& path, std::string_view bytes)
 {
@@ -136,7 +126,7 @@ struct FilesTest : testing::Test {
     {
         const auto open = OpenFiles();
         const std::vector<std::string> before = Names();
-        InstallFault(fault);
+        FailDisk(fault, Slow);
         const Failed failure = ReplaceFile(path, New);
         const auto did = [](const char* call) {
             return std::count(FailingDisk.Done.begin(), FailingDisk.Done.end(), call);
@@ -149,7 +139,7 @@ struct FilesTest : testing::Test {
         if (renamed && !hasOld) expected.push_back("part.nc");
         std::sort(expected.begin(), expected.end());
         EXPECT_EQ(OpenFiles(), open);
-        EXPECT_EQ(Content(path), renamed ? New : hasOld ? Old : "");
+        EXPECT_EQ(BytesOf(path), renamed ? New : hasOld ? Old : "");
         EXPECT_TRUE(Names() == expected || (fault.FromThereOn && !renamed));
 
         // The only failure with the new file in place is that of the folder's sync.
@@ -201,7 +191,7 @@ TEST_F(FilesTest, SavingSurvivesEveryFailingCall)
                     if (c.ThroughLink) fs::create_symlink("part.nc", link);
                     SaveUnder({at, on, error}, c.ThroughLink ? link : Saved, c.HasOld);
                     EXPECT_EQ(fs::is_symlink(link), c.ThroughLink);
-                    EXPECT_TRUE(error != EINTR || Content(Saved) == New) << "an interrupted call ended it";
+                    EXPECT_TRUE(error != EINTR || BytesOf(Saved) == New) << "an interrupted call ended it";
                 } while (!FailingDisk.Refused.empty() && !HasFailure());
                 EXPECT_GT(at, 12) << "the faults reached too little";
             }
@@ -212,7 +202,7 @@ TEST_F(FilesTest, SavingSurvivesEveryFailingCall)
 TEST_F(FilesTest, NothingIsRenamedBeforeTheDiskHasIt)
 {
     PutOld();
-    InstallFault({});
+    FailDisk({}, Slow);
     ASSERT_FALSE(ReplaceFile(Saved, New));
     std::string order;
     for (const std::string& call : FailingDisk.Done)
@@ -249,7 +239,7 @@ TEST_F(FilesTest, ADiskThatTakesEverythingAndKeepsLessIsFound)
         const Failed failure = ReplaceFile(Saved, New);
         ASSERT_TRUE(failure);
         EXPECT_EQ(failure->Reason, "the file was not written correctly");
-        EXPECT_EQ(Content(Saved), Old);
+        EXPECT_EQ(BytesOf(Saved), Old);
         EXPECT_EQ(Names(), std::vector<std::string>{"part.nc"});
     }
     Calls.Write = [](int, const void*, size_t) -> ssize_t { return 0; };
@@ -266,7 +256,7 @@ TEST_F(FilesTest, ADiskThatOffersLessStillSaves)
     Calls.ChangeOwner = [](int, uid_t, gid_t) { return errno = EPERM, -1; };
     Calls.Sync = [](int) { return errno = EINVAL, -1; };
     EXPECT_FALSE(ReplaceFile(Saved, New));
-    EXPECT_EQ(Content(Saved), New);
+    EXPECT_EQ(BytesOf(Saved), New);
 }
 
 // Rights of a group are nothing for another one.
@@ -322,8 +312,8 @@ TEST_F(FilesTest, NewFilesFollowTheUmaskAndOtherNamesKeepTheOld)
     EXPECT_EQ(ModeOf(Saved), 0640u);
     fs::create_hard_link(Saved, In / "backup.nc");
     EXPECT_FALSE(ReplaceFile(Saved, New));
-    EXPECT_EQ(Content(Saved), New);
-    EXPECT_EQ(Content(In / "backup.nc"), Old);
+    EXPECT_EQ(BytesOf(Saved), New);
+    EXPECT_EQ(BytesOf(In / "backup.nc"), Old);
 }
 
 // Names of all kinds, as a user without special rights.
@@ -359,7 +349,7 @@ TEST_F(FilesTest, WhatCannotBeSavedOrReadSaysWhy)
         {"gone/", 53, "the file does not exist", 75, "the folder does not exist"},
         {"to-nowhere", 53, "the file does not exist", 75, "the folder does not exist"},
         {"locked.nc/part.nc", 53, "the file does not exist", 75, "the folder does not exist"},
-        {"circle", 75, "its links lead in a circle", 75, "its links lead in a circle"},
+        {"circle", 75, "its links run in a circle", 75, "its links run in a circle"},
         {std::string(300, 'n'), 75, "the name is too long", 75, "the name is too long"},
         {std::string("locked.nc\0.nc", 13), 75, "the name cannot be used", 75, "the name cannot be used"},
         {"locked.nc", 0, "", 70, "no permission to write there"},
@@ -383,13 +373,13 @@ TEST_F(FilesTest, WhatCannotBeSavedOrReadSaysWhy)
         EXPECT_TRUE(failure ? failure->Number == c.Writing : c.Path == "folder/closed/part.nc");
     }
     EXPECT_EQ(Names(), before);
-    EXPECT_EQ(Content(In / "locked.nc"), Old);
+    EXPECT_EQ(BytesOf(In / "locked.nc"), Old);
     EXPECT_EQ(ModeOf(In / "secret.nc"), 0222u);
     judge(ReplaceFile("", New), 75, "the name cannot be used");
     fs::permissions(In / "folder/closed", fs::perms(0333));
     judge(ReplaceFile(In / "folder/closed/new.nc", New), 0, "");
     fs::permissions(In / "folder/closed", fs::perms(0777));
-    EXPECT_EQ(Content(In / "folder/closed/new.nc"), New);
+    EXPECT_EQ(BytesOf(In / "folder/closed/new.nc"), New);
 }
 
 TEST_F(FilesTest, APipeIsNotTouchedNorWaitedFor)
@@ -398,7 +388,7 @@ TEST_F(FilesTest, APipeIsNotTouchedNorWaitedFor)
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0666), 0);
     std::string bytes;
     ::alarm(20); // who waits ends the test here
-    InstallFault({});
+    FailDisk({}, Slow);
     EXPECT_TRUE(ReadWholeFile(pipe, bytes) && AppendToFile(pipe, New) && ReadWholeFile("/dev/zero", bytes));
     EXPECT_EQ(std::count(FailingDisk.Done.begin(), FailingDisk.Done.end(), "Open"), 0);
 
@@ -418,7 +408,7 @@ TEST_F(FilesTest, LinksStayLinksHoweverTheyPoint)
     fs::create_symlink(In / "programs/third.nc", In / "disk/second.nc");
     for (const std::string& bytes : {Old, New}) {
         ASSERT_FALSE(ReplaceFile(In / "programs/first.nc", bytes));
-        EXPECT_EQ(Content(In / "disk/programs/third.nc"), bytes);
+        EXPECT_EQ(BytesOf(In / "disk/programs/third.nc"), bytes);
     }
     EXPECT_TRUE(fs::is_symlink(In / "disk/programs/first.nc"));
     EXPECT_TRUE(fs::is_symlink(In / "disk/second.nc"));
@@ -427,7 +417,7 @@ TEST_F(FilesTest, LinksStayLinksHoweverTheyPoint)
     AsNobody nobody; // who can't write to just any folder that is taken for this one
     EXPECT_FALSE(ReplaceFile("bare.nc", New));
     fs::current_path("/");
-    EXPECT_EQ(Content(In / "disk/bare.nc"), New);
+    EXPECT_EQ(BytesOf(In / "disk/bare.nc"), New);
 }
 
 TEST_F(FilesTest, WhatACrashLeftDoesNotStopTheNextSave)
@@ -439,8 +429,8 @@ TEST_F(FilesTest, WhatACrashLeftDoesNotStopTheNextSave)
         return Real.Open(path, flags, mode);
     };
     EXPECT_FALSE(ReplaceFile(Saved, New));
-    EXPECT_EQ(Content(Saved), New);
-    EXPECT_EQ(Content(taken), "left by a crash");
+    EXPECT_EQ(BytesOf(Saved), New);
+    EXPECT_EQ(BytesOf(taken), "left by a crash");
 }
 
 TEST_F(FilesTest, ReadingAndLoggingUnderEveryFailingCall)
@@ -452,20 +442,20 @@ TEST_F(FilesTest, ReadingAndLoggingUnderEveryFailingCall)
             Put(Saved, Old);
             const auto open = OpenFiles();
             std::string bytes = "untouched";
-            InstallFault({at, false, error});
+            FailDisk({at, false, error}, Slow);
             const Failed failure = ReadWholeFile(Saved, bytes);
             const bool reached = !FailingDisk.Refused.empty();
             EXPECT_EQ(bytes, failure ? "untouched" : Old);
             // What was read is whole whether or not the file could be closed.
             EXPECT_EQ(failure.has_value(), reached && error != EINTR && FailingDisk.Refused[0] != "Close");
 
-            InstallFault({at, false, error});
+            FailDisk({at, false, error}, Slow);
             const Failed logFailure = AppendToFile(Saved, "log\n");
             EXPECT_EQ(logFailure.has_value(), !FailingDisk.Refused.empty() && error != EINTR);
             Calls = Real;
             EXPECT_EQ(OpenFiles(), open);
-            EXPECT_TRUE(Content(Saved).starts_with(Old));
-            EXPECT_TRUE(logFailure || Content(Saved) == Old + "log\n");
+            EXPECT_TRUE(BytesOf(Saved).starts_with(Old));
+            EXPECT_TRUE(logFailure || BytesOf(Saved) == Old + "log\n");
             if (!reached) break;
         } while (!HasFailure());
         EXPECT_GT(at, 5);
@@ -477,7 +467,7 @@ TEST_F(FilesTest, ReadingKnowsItsBounds)
     std::string bytes = "untouched";
     Put(Saved, "");
     fs::resize_file(Saved, LargestFile + 1); // a hole, nothing on the disk
-    InstallFault({});
+    FailDisk({}, Slow);
     const Failed failure = ReadWholeFile(Saved, bytes);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->Reason, "the file is too large");
@@ -491,7 +481,9 @@ TEST_F(FilesTest, ReadingKnowsItsBounds)
         std::fill_n(static_cast<char*>(to), n, 'x');
         return static_cast<ssize_t>(n);
     };
-    ASSERT_TRUE(ReadWholeFile(Saved, bytes));
+    const Failed grown = ReadWholeFile(Saved, bytes);
+    ASSERT_TRUE(grown);
+    EXPECT_EQ(grown->Reason, "the file is too large");
     Calls.ReadAt = [](int, void*, size_t, off_t) -> ssize_t { throw std::bad_alloc(); };
     ASSERT_TRUE(ReadWholeFile(Saved, bytes));
     EXPECT_EQ(bytes, "untouched");
@@ -534,11 +526,11 @@ TEST_F(FilesTest, FoldersAndRemoving)
 
     EXPECT_FALSE(AppendToFile(In / "log", "one\n"));
     EXPECT_FALSE(AppendToFile(In / "log", "two\n"));
-    EXPECT_EQ(Content(In / "log"), "one\ntwo\n");
+    EXPECT_EQ(BytesOf(In / "log"), "one\ntwo\n");
 
     fs::create_symlink("file", In / "to-file");
     EXPECT_TRUE(RemoveFile(In / "to-file"));
     EXPECT_FALSE(RemoveFile(In / "to-file"));
     EXPECT_FALSE(RemoveFile(In / "a/b/c")) << "an empty folder";
-    EXPECT_EQ(Content(In / "file"), Old) << "the target went with the link";
+    EXPECT_EQ(BytesOf(In / "file"), Old) << "the target went with the link";
 }

@@ -175,5 +175,5 @@ TEST_F(Queue, ThatIsGoneIsTold)
     while (QFileInfo::exists(qEnvironmentVariable("CUPS_SERVER"))) QTest::qWait(10);
     PrintDirect();
     ASSERT_EQ(Desk.Boxes.size(), 1u);
-    EXPECT_EQ(Desk.Boxes[0].Box.Text, "Printing failed: the printer is not there any more");
+    EXPECT_EQ(Desk.Boxes[0].Box.Text, "Printing failed: the printer is no longer there");
 }

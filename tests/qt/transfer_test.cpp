@@ -251,7 +251,7 @@ TEST_F(TransferWindow, TellsOnceThatTheDeviceIsGoneWhileSending)
     Click(frmMain.cmdTopButtons[9]);
     ExpectOneBox();
     EXPECT_FALSE(Shared.Transmitting);
-    EXPECT_TRUE(Progress().starts_with("The program was sent in part only")) << Progress();
+    EXPECT_TRUE(Progress().starts_with("Only part of the program was sent")) << Progress();
 }
 
 TEST_F(TransferWindow, TellsOnceThatTheDeviceIsGoneWhileReceiving)

@@ -117,6 +117,7 @@ const Case ComTab[] = {
     {"an open port is opened anew", COM TAB "{CLICK optPortTX(1)}", "port", "yes 2 300,N,8,1", 2},
     {"a port that isn't there can't be chosen", TAB "{CLICK optPortRX(2)}", "value optPortTX(0)", "1", 2},
     {"each option names its device", TAB, "optPortTX(1)", "Com2 – ttyUSB1", 2},
+    {"as they are when the tab is picked", "{UNPLUG}" TAB, "optPortTX(0)", "Com1"},
     {"without a device the name alone", TAB, "optPortRX(2)", "Com3", 2},
     {"other values change the settings at once",
      TAB "{CLICK optBaudTX(6)}{CLICK optParityRX(1)}{CLICK optDataBitsRX(0)}{CLICK optStopBitsRX(1)}",
@@ -172,7 +173,7 @@ const Case Sending[] = {
     {"behind the last line there is nothing to stop", COM "{MENU mnuTX}{LINES 5}{CLICK cmdStop}", "last sent",
      "   M\\r\\n"},
     {"a stopped program is not called sent", COM "{MENU mnuTX}{LINES 1}{CLICK cmdStop}", "lblTransfer",
-     "The program was sent in part only: 2 of 6 lines sent"},
+     "Only part of the program was sent: 2 of 6 lines sent"},
     {"a whole one is", COM "{MENU mnuTX}", "lblTransfer", "6 of 6 lines sent"},
     {"as long as it is there", COM "{MENU mnuTX}{LINES 6}{MENU mnuNew}", "lblTransfer", ""},
     {"the selection comes back", COM "{ROW 2}{MENU mnuTX}", "selected", "2"},
@@ -183,7 +184,7 @@ const Case Sending[] = {
     {"nothing goes on behind it", COM "{MENU mnuTX}{LINES 1}{UNPLUG}{LINES 9}", "last sent",
      "    N` G`   X `    Z `  F`  H \\r\\n"},
     {"nor is it called sent", COM "{MENU mnuTX}{LINES 1}{UNPLUG}", "lblTransfer",
-     "The program was sent in part only: 1 of 6 lines sent"},
+     "Only part of the program was sent: 1 of 6 lines sent"},
     {"a write that fails ends it", COM "{MENU mnuTX}{PORT FAIL 8018}{LINES 1}", "messages",
      "8018  Port not open in mnuTX_Click|"},
     {"also with a number of another kind", COM "{MENU mnuTX}{PORT FAIL 57}{LINES 1}", "com", "no 0"},
@@ -197,7 +198,8 @@ const Case Sending[] = {
     {"closing: Yes stops first", COM "{MENU mnuTX}{LINES 1}{CLOSE frmMain}", "last sent", "M\\r\\n"},
     {"and then leaves", COM "{MENU mnuTX}{CLOSE frmMain}", "ended", "yes"},
     {"closing: No goes on", COM "{MENU mnuTX}{ANSWER No}{CLOSE frmMain}", "lblTransfer", "6 of 6 lines sent"},
-    {"closing twice waits for nothing", COM "{MENU mnuTX}{CLOSE frmMain}{CLOSE frmMain}", "ended", "yes"},
+    {"closing twice waits for nothing, so that no item follows",
+     COM "{MENU mnuTX}{CLOSE frmMain}{CLOSE frmMain}{MISSPELT}", "ended", "yes"},
 };
 
 const Case Receiving[] = {
@@ -208,16 +210,17 @@ const Case Receiving[] = {
     {"NULs don't show; bytes do", COM "{RX a\\x00\\xE4b\\x00\\x80}", "txtRX", "aäb€"},
     {"more is added behind, wherever the caret is", COM "{RX abc}{HOME}{RX def}", "txtRX", "abcdef"},
     {"it is counted", COM "{RX a\\r\\nb\\rc}", "lblTransfer", "3 lines received"},
-    {"a half typed value isn't judged", COM "{CLICK txtGMcode}00{ENTER}6000{RX abc}", "messages", ""},
+    {"a half typed value isn't judged", COM "{ROW 1}00{ENTER}6000{RX abc}", "messages", ""},
+    {"until its line is written",
+     COM "{ROW 1}00{ENTER}6000{RX abc}{CLICK cmdReceiveExit}{FOCUS txtComment}{ENTER}", "messages",
+     "Highest value for this field is 5999|"},
     {"the command does nothing without communication", "{CLICK cmdTopButtons(8)}", "visible frRXcode", "no"},
     {"it sets the parameters", COM TAB "{CLICK optBaudRX(6)}{CLICK cmdTopButtons(4)}{MENU mnuRX}", "port",
      "yes 1 9600,N,8,1"},
     {"a stream that opens the pane sets them too",
      COM TAB "{CLICK optBaudRX(6)}{CLICK cmdTopButtons(4)}{RX a}", "port", "yes 1 9600,N,8,1"},
-    {"a port that fails has a box", "{PORT FAIL 8005}" COM "{CHECK chkEnableCom}", "messages",
-     "8005  Port already open in mnuSettingsShow_Click|"},
-    {"also for the command", TAB "{CHECK chkEnableCom}{PORT FAIL 8018}{CLICK cmdTopButtons(8)}", "messages",
-     "port problem|"},
+    {"a port that fails has a box", TAB "{CHECK chkEnableCom}{PORT FAIL 8018}{CLICK cmdTopButtons(8)}",
+     "messages", "port problem|"},
     {"import", COM SENT "{CLICK cmdReceiveImport}", "lines", "2"},
     {"makes a changed program without a file", COM SENT "{CLICK cmdReceiveImport}", "changed", "yes ''"},
     {"and leads back", COM SENT "{CLICK cmdReceiveImport}", "locked", "no"},
@@ -225,6 +228,8 @@ const Case Receiving[] = {
      "No Lines of code present|"},
     {"an unknown text stays", COM "{RX  abc}{CLICK cmdReceiveImport}", "txtRX", " abc"},
     {"and changes nothing", COM "{RX abc}{CLICK cmdReceiveImport}", "changed", "no 'three.cnc'"},
+    {"a saved text is a program's", COM "{RX abc}{FILE FOLDER/user/EMCO/BXL_160/a.cnc}{CLICK cmdReceiveSave}",
+     "file a.cnc", "%\\r\\n    abc"},
     {"save needs a name", COM "{RX abc}{FILE}{CLICK cmdReceiveSave}", "messages", "No file specified|"},
     {"a text that is left is kept", COM "{RX abc\\xE4}{CLICK cmdReceiveExit}", "file Receive.txt", "abc\xE4"},
     {"and offered", COM "{RX abc}{CLICK cmdReceiveExit}{MENU mnuRX}{CLICK cmdReceiveLast}", "txtRX", "abc"},
@@ -281,6 +286,7 @@ protected:
 TEST_F(Transmission, ShowsTheLineThatGoesOut)
 {
     Begin("{ROW 3}");
+    lvCncProgram.TopRow = 2; // the list scrolls along
     EXPECT_TRUE(IsUsable(frmMain.cmdStop));
     EXPECT_FALSE(frmMain.cmdRun.Visible);
     EXPECT_EQ(Look("lblTransfer"), "0 of 6 lines sent, 00:00:05 left, first message in N01");
@@ -295,6 +301,7 @@ TEST_F(Transmission, ShowsTheLineThatGoesOut)
     EXPECT_FALSE(frmMain.cmdTopButtons[0].Enabled);
     LineLeaves();
     EXPECT_EQ(Look("selected") + " " + Look("focus"), "3 lvCncProgram");
+    EXPECT_EQ(lvCncProgram.TopRow, 1);
     EXPECT_EQ(Look("lblTransfer"), "6 of 6 lines sent");
 }
 
@@ -319,20 +326,20 @@ TEST_F(Transmission, StopsBehindAnyLine)
 
 TEST_F(Transmission, LeavesStopInReachBesideAReception)
 {
-    Begin();
+    Begin(TAB "{CLICK optBaudRX(6)}{CLICK cmdTopButtons(4)}");
     Console.Port.Receive("abc");
     AfterEvent();
+    EXPECT_EQ(Look("port"), "yes 1 300,N,8,1");
     EXPECT_TRUE(frmMain.frRXcode.Visible);
     EXPECT_TRUE(IsUsable(frmMain.cmdStop));
-    EXPECT_TRUE(Look("lblTransfer").starts_with("1 lines received; 0 of 6 lines sent"))
-        << Look("lblTransfer");
+    EXPECT_TRUE(Look("lblTransfer").starts_with("1 line received; 0 of 6 lines sent")) << Look("lblTransfer");
     for (int i = 0; i < 6; ++i) LineLeaves();
     EXPECT_FALSE(IsUsable(frmMain.cmdStop));
-    EXPECT_EQ(Look("lblTransfer"), "1 lines received; 6 of 6 lines sent");
+    EXPECT_EQ(Look("lblTransfer"), "1 line received; 6 of 6 lines sent");
     RunKeyScript("{CLICK cmdReceiveExit}");
     EXPECT_EQ(Look("lblTransfer"), "6 of 6 lines sent");
     RunKeyScript("{RX abc}");
-    EXPECT_EQ(Look("lblTransfer"), "1 lines received");
+    EXPECT_EQ(Look("lblTransfer"), "1 line received");
     EXPECT_EQ(Look("locked"), "yes");
 }
 
@@ -421,6 +428,8 @@ TEST(Serial, AStreamThatGoesOnIsKeptWhole)
     RunKeyScript(COM
                  "{RX abc}{CLICK cmdReceiveExit}{RX def}{CLICK cmdReceiveNew}{RX g}{CLICK cmdReceiveExit}");
     EXPECT_EQ(Look("file Receive.txt"), "abcdefg");
+    RunKeyScript("{MENU mnuRX}{TEXT txtRX x}{CLICK cmdReceiveExit}");
+    EXPECT_EQ(Look("file Receive.txt"), "x") << "typed: no part of the stream";
 }
 
 } // namespace

@@ -32,8 +32,7 @@ TEST(Language, SectionsAreReadByTheirOrder)
     const Case cases[] = {
         {"keys in any case, comments inside", "[menu File]\n;x\nnEW=Neu\n", "Neu|&Open..."},
         {"a head that stands further up is dropped with its lines",
-         "[menu Help]\nAbout=Info\n[menu File]\nNew=Neu\n[nothing]\n[menu File]\nNew=Anew\n",
-         "Anew|&Open..."},
+         "[menu Help]\nAbout=Info\n[menu File]\nNew=Neu\n[nothing]\n[menu File]\nOpen=Auf\n", "&New|Auf"},
         {"a head directly behind the dropped one is looked for in the whole list",
          "[menu Help]\nAbout=Info\n[unknown]\nNew=Not\n[menu File]\nNew=Neu\nOpen=Auf\n", "Neu|Auf"},
         {"outside of a section nothing counts", "New=Neu\n[menu Settings]\nNew=Neu\n", "&New|&Open..."},
@@ -251,15 +250,16 @@ TEST(Language, LinesAreTheSameInEveryLanguage)
 TEST(Language, ToolBarAndScaleBox)
 {
     Start("MK4 mm");
-    ReadLanguageModule("[System Variables]\nLanguage Name=ENGLISH\n[Toolbar]\nOpen File=Open it\n"
-                       "[DRAW Combo Run]\n;no place\na=Go\n[DRAW Combo Scale]\na=Eighth\n");
+    ReadLanguageModule(
+        "[System Variables]\nLanguage Name=ENGLISH\nTranslated by=Me\n[Toolbar]\nOpen File=Open it\n"
+        "[DRAW Combo Run]\n;no place\na=Go\n[DRAW Combo Scale]\na=Eighth\n");
     EXPECT_EQ(frmMain.cmdTopButtons[0].Text + "|" + frmMain.cmdTopButtons[0].ToolTip, "Open|Open it");
     EXPECT_EQ(frmDraw.cboRun.Text + "|" + frmDraw.cboRun.Items[1], "Go|Step");
     EXPECT_EQ(frmDraw.cboScale.Text + "|" + frmDraw.cboScale.Items[0], "|Eighth");
     ShowDrawCaptions();
     EXPECT_EQ(frmDraw.cboScale.Text, frmDraw.cboScale.Items[ScaleOneIndex]);
     ReadLanguageModule("[System Variables]\nLanguage Name=Else\n[Toolbar]\n");
-    EXPECT_EQ(frmMain.cmdTopButtons[0].Text, "");
+    EXPECT_EQ(frmMain.cmdTopButtons[0].Text + Shared.TranslatorName, "");
     EXPECT_EQ(LanguageNameOf("[Brixley, Language Resource]\n[System Variables]\nLanguage Name = Deutsch\n"),
               "Deutsch");
 }

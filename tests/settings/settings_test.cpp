@@ -182,6 +182,16 @@ TEST(Settings, TheModuleOfTheFolderWinsOverTheRememberedOne)
     folder.Put("LANGUAGE.TXT", WithCrLf(";\n;a dummy\n[menu File]\nNew=Own\n"));
     StartFrom(folder, "LanguageFileName=" + other + "\n");
     EXPECT_EQ(names(), "Other|Other|other.txt");
+
+    // What is kept of it doesn't depend on the folder that the program is started from.
+    folder.Put("LANGUAGE.TXT", WithCrLf("[menu File]\nNew=Own\n"));
+    const std::filesystem::path here = std::filesystem::current_path();
+    std::filesystem::current_path(folder / "sub");
+    LoadOptions options;
+    options.Settings = "..";
+    BeginProgram(options);
+    std::filesystem::current_path(here);
+    EXPECT_EQ(Shared.LanguageFileName, folder / "LANGUAGE.TXT");
 }
 
 TEST(Settings, SurviveTheirRoundTrip)
@@ -340,8 +350,8 @@ TEST(Settings, DrawingFileAndWindowPlaces)
     EXPECT_EQ(text(DrawWindowPlace({100, -50, -1, 100})), " 6200 , 0 , 0 , 7000 ");
     EXPECT_EQ(text(DrawWindowPlace({9000, 28000, 16000, 12000})), " 9000 , 16800 , 7200 , 12000 ");
     EXPECT_EQ(text(DrawWindowPlace({1000000, 0, 0, 1000000})), " 16200 , 0 , 0 , 28800 ");
-    EXPECT_EQ(text(ProgramWindowPlace({3000, 27000, -1, 11000})), " 3000 , 20160 , 0 , 11000 ");
-    EXPECT_EQ(text(ProgramWindowPlace({0, 10, 20, 0})), " 1500 , 10 , 20 , 3000 ");
+    EXPECT_EQ(text(ProgramWindowPlace({3000, 25921, -1, 11000})), " 3000 , 20160 , 0 , 11000 ");
+    EXPECT_EQ(text(ProgramWindowPlace({0, 25920, 20, 0})), " 1500 , 25920 , 20 , 3000 ");
     EXPECT_EQ(text(ProgramWindowPlace({1000000, 10, 20, 1000000})), " 16200 , 10 , 20 , 28800 ");
 }
 

@@ -16,7 +16,8 @@ struct TextBoxCase {
 };
 
 constexpr TextBoxCase TextBoxCases[] = {
-    {"typing replaces what is selected", false, "first", 0, 5, "ab", "ab", 2},
+    {"typing replaces what is selected, also in a full box", false,
+     "12345678901234567890123456789012345678901234", 0, 44, "ab", "ab", 2},
     {"typing in the middle", false, "ace", 1, 0, "b", "abce", 2},
     {"[BACKSPACE] takes the character before the caret", false, "abc", 2, 0, "{BACKSPACE}", "ac", 1},
     {"[BACKSPACE] takes the selection", false, "abcd", 1, 2, "{BACKSPACE}", "ad", 1},

@@ -1,15 +1,12 @@
 #include "example.h"
 
+#include "cli/draw_command.h"
 #include "cli/key_script.h"
-#include "commands/drawing.h"
-#include "core/draw_window.h"
 #include "core/main_window.h"
 #include "core/program_list.h"
 #include "core/shared_state.h"
 #include "core/text.h"
-#include "drawing/draw_controls.h"
 #include "drawing/drawing_state.h"
-#include "drawing/walk.h"
 #include "platform/scripted.h"
 #include "svg_canvas.h"
 #include "ui/focus.h"
@@ -132,19 +129,11 @@ std::map<char, double> NumbersOf(const std::string& words)
 /// The drawing of the program as it stands, with the cutter where the example shows it.
 std::string DrawnProgram(const std::vector<std::string>& cutters)
 {
-    Shared.DrawBoxes = {};
-    Shared.DrawBoxes.Background = Shared.DrawBoxes.ToolCenter = 1;
-    Shared.DrawBoxes.Radii = 1;
-    DrawSlot.WithoutWaits = true;
-    UnloadDrawing();
-    frmDraw.Window.Width = PictureWidth;
-    frmDraw.Window.Height = PictureHeight;
-    frmDraw.frControls.Visible = false; // the window then never grows
-    frmDraw_Load();
-    frmDraw.Window.Visible = true;
-    Shared.AutoFitPending = true;
-    frmDraw_Activate();
-    DrawSlot.WithoutWaits = false;
+    DrawOptions options;
+    options.Width = PictureWidth;
+    options.Height = PictureHeight;
+    options.Boxes.Background = options.Boxes.ToolCenter = options.Boxes.Radii = 1;
+    ShowDrawing(options);
     SvgCanvas canvas;
     Replay(Picture.Operations(), canvas);
     canvas.SetForeColor(Colors::Black);

@@ -29,6 +29,7 @@
 #include "core/messages.h"
 #include "core/profile.h"
 #include "core/text.h"
+#include "editor/code_box.h"
 #include "editor/fields.h"
 #include "interpreter/limits.h"
 #include "platform/files.h"
@@ -243,12 +244,10 @@ public:
 private:
     std::vector<std::string> Items() const
     {
-        const auto [g, m] = Machine == MachineKind::MK4
-                                ? std::pair(&frmMain.lstMK4Gcodes, &frmMain.lstMK4Mcodes)
-                                : std::pair(&frmMain.lstF1Gcodes, &frmMain.lstF1Mcodes);
-        if (Machine == MachineKind::MK2) return frmMain.lstMK2Gcodes.Items;
-        std::vector<std::string> items = g->Items;
-        items.insert(items.end(), m->Items.begin(), m->Items.end());
+        std::vector<std::string> items = CodeListOf(false).Items;
+        if (Machine == MachineKind::MK2) return items; // it has one list alone
+        const std::vector<std::string>& ofM = CodeListOf(true).Items;
+        items.insert(items.end(), ofM.begin(), ofM.end());
         return items;
     }
 
@@ -351,9 +350,9 @@ private:
         const Block& block = BlockOf(code);
         std::string html = Filled(block.Text) + Parameters(block, code);
         Begin(In, Machine);
-        auto lines = Examples.find(Name + " " + code);
-        if (lines == Examples.end()) lines = Examples.find(Name + " *");
-        const Example example = MakeExample(lines->second, code);
+        const auto own = Examples.find(Name + " " + code);
+        const Example example =
+            MakeExample(own != Examples.end() ? own->second : Examples.at(Name + " *"), code);
         html += "<p>" + Label("typed") + "<br><code>" + example.Keys + "</code></p>\n" + example.Table;
         if (example.Picture.empty()) return html;
         const std::string picture = Name + "-" + code + ".svg";

@@ -5,8 +5,6 @@
 
 #include <QGuiApplication>
 
-#include <clocale>
-
 namespace {
 
 void BeginPainting()
@@ -18,7 +16,6 @@ void BeginPainting()
     static char* arguments[] = {name, nullptr};
     qputenv("QT_QPA_PLATFORM", "offscreen");
     static QGuiApplication application(count, arguments);
-    std::setlocale(LC_NUMERIC, "C"); // the toolkit's is the user's; numbers of programs have a point
 }
 
 } // namespace

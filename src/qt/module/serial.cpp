@@ -6,8 +6,6 @@
 
 #include <QCoreApplication>
 
-#include <clocale>
-
 namespace {
 
 class Session : public PortSession
@@ -47,7 +45,5 @@ extern "C" __attribute__((visibility("default"))) PortSession* BrixleyPortSessio
 {
     // There is nobody to hear the toolkit's remarks: what fails is told by the program.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    auto* const session = new Session(device);
-    std::setlocale(LC_NUMERIC, "C"); // the toolkit's is the user's; numbers of programs have a point
-    return session;
+    return new Session(device);
 }
