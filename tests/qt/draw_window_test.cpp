@@ -76,9 +76,14 @@ TEST_F(DrawingWindow, ScaleByTheListAndByTheWheel)
     const QString title = Draw->windowTitle();
     Turn(120, {500, 450});
     EXPECT_EQ(Shared.DrawScale, 4);
+    EXPECT_EQ(Events.Widgets.As<QComboBox>(frmDraw.cboScale)->currentIndex(), 5);
     EXPECT_EQ(Draw->windowTitle(), title);
     for (const int part : {-40, -40, -40}) Turn(part, {500, 450});
     EXPECT_EQ(Shared.DrawScale, 2);
+    // Above a list of the frame it isn't the list's.
+    QWheelEvent over({5, 5}, {5, 5}, {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(WidgetOf(frmDraw.cboRun), &over);
+    EXPECT_EQ(frmDraw.cboRun.Index, 0);
     for (int i = 0; i < 9; ++i) Turn(120, {790, 590});
     EXPECT_EQ(frmDraw.cboScale.Index, 9) << "no further";
     EXPECT_LT(Drawing.ZeroPointX, 0);
@@ -216,7 +221,10 @@ TEST_F(DrawingWindow, ADoubleClickSelectsTheLine)
     EXPECT_EQ(Events.Widgets.As<QListWidget>(frmProgramWindow.lstCncLines)->currentRow(), 1);
     EXPECT_FALSE(Drawing.MeasureStarted);
     EXPECT_TRUE(WidgetOf(frmDraw.frView)->isVisible());
-    EXPECT_NE(Shown(), before) << "the line is marked";
+    const QImage marked = Shown();
+    EXPECT_NE(marked, before) << "the line is marked";
+    Events.Run([] { SelectRow(1); });
+    EXPECT_NE(Shown(), marked) << "and the mark follows the selection";
     // In a measurement its second point alone.
     ClickCanvas(420, 300);
     QTest::mouseClick(Canvas(), Qt::LeftButton, {}, onSecond);

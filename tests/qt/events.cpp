@@ -9,20 +9,11 @@
 namespace {
 
 constexpr std::pair<std::string_view, Qt::Key> NamedKeys[] = {
-    {"ENTER", Qt::Key_Return},
-    {"TAB", Qt::Key_Tab},
-    {"ESC", Qt::Key_Escape},
-    {"UP", Qt::Key_Up},
-    {"DOWN", Qt::Key_Down},
-    {"LEFT", Qt::Key_Left},
-    {"RIGHT", Qt::Key_Right},
-    {"HOME", Qt::Key_Home},
-    {"END", Qt::Key_End},
-    {"DELETE", Qt::Key_Delete},
-    {"BACKSPACE", Qt::Key_Backspace},
-    {"INSERT", Qt::Key_Insert},
-    {"F1", Qt::Key_F1},
-    {"F2", Qt::Key_F2},
+    {"ENTER", Qt::Key_Return},  {"KEYPAD", Qt::Key_Enter},  {"TAB", Qt::Key_Tab},
+    {"ESC", Qt::Key_Escape},    {"UP", Qt::Key_Up},         {"DOWN", Qt::Key_Down},
+    {"LEFT", Qt::Key_Left},     {"RIGHT", Qt::Key_Right},   {"HOME", Qt::Key_Home},
+    {"END", Qt::Key_End},       {"DELETE", Qt::Key_Delete}, {"BACKSPACE", Qt::Key_Backspace},
+    {"INSERT", Qt::Key_Insert}, {"F1", Qt::Key_F1},         {"F2", Qt::Key_F2},
 };
 
 void SendNamed(std::string_view name)

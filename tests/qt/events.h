@@ -4,5 +4,6 @@
 
 #include <string_view>
 
-/// Sends each key of a script ("00{ENTER}{CTRL-C}") to the widget that has the focus.
+/// Sends each key of a script ("00{ENTER}{CTRL-C}", {KEYPAD} for the other [ENTER]) to the widget that has
+/// the focus.
 void SendKeys(std::string_view script);

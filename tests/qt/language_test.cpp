@@ -26,6 +26,7 @@
 #include <QLibraryInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -205,12 +206,13 @@ TEST_P(InLanguage, DialogsOfTheToolkitFollow)
     // The boxes of the program itself, also where the toolkit has no such language.
     std::string shown;
     QTimer::singleShot(0, &Main, [&] {
-        const auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         shown = box->button(QMessageBox::Yes)->text().remove('&').toStdString();
-        box->button(QMessageBox::No)->click();
+        QTest::keyClick(box, Qt::Key_Return);
     });
     QtPlatform platform;
-    EXPECT_EQ(platform.Show({"?", "", Buttons::YesNo}), Answer::No);
+    EXPECT_EQ(platform.Show({"?", "", Buttons::YesNo, Icon::None, true}), Answer::No)
+        << "Yes would lose work";
     EXPECT_EQ(shown, yes);
 }
 

@@ -62,6 +62,13 @@ TEST(Painter, StraightLinesAreSharp)
     }
     const QImage dot = Paint([](DrawCanvas& canvas) { canvas.SetPoint(100.2 * Pixel, 50.8 * Pixel); });
     EXPECT_EQ(Light(dot, 100, 50), 255);
+    const QImage dotted = Paint([](DrawCanvas& canvas) {
+        canvas.SetPenStyle(PenStyle::Dotted);
+        canvas.DrawLine(0, 1500, 3000, 1500);
+    });
+    int lit = 0;
+    for (int x = 0; x < Side; ++x) lit += Light(dotted, x, 100) > 127 ? 1 : 0;
+    EXPECT_TRUE(lit > Side / 8 && lit < Side * 5 / 8) << lit;
 }
 
 TEST(Painter, TheHatchRunsDownwardInEveryBoxAlike)

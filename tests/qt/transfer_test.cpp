@@ -235,7 +235,8 @@ TEST_F(TransferWindow, KeepsWhatIsUnsavedWhenTheSystemEndsItBehindABox)
     Events.Run([] { ASSERT_FALSE(ThePort->Write("%\r\n")); }); // the machine begins
     QTimer::singleShot(0, [this] { Events.Run(mnuExit_Click); });
     QTimer::singleShot(500, [] { std::raise(SIGTERM); });
-    QTimer::singleShot(5000, [] { QApplication::exit(1); });
+    const QObject guard; // the timer ends with it
+    QTimer::singleShot(5000, &guard, [] { QApplication::exit(1); });
     EXPECT_EQ(QApplication::exec(), 0);
     ThePlatform = &Desk;
     EXPECT_TRUE(Shared.Ended);

@@ -14,11 +14,13 @@
 #include "qt/main_frame.h"
 #include "qt/pane.h"
 #include "qt/program_list_view.h"
+#include "qt/theme.h"
 #include "support/program.h"
 #include "ui/focus.h"
 #include "ui/tick.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QDropEvent>
 #include <QHeaderView>
@@ -91,6 +93,7 @@ std::string StateText()
 
 TEST_F(Window, EveryControlHasItsNames)
 {
+    EXPECT_EQ(Main->findChild<QAction*>("mnuSave")->shortcut(), QKeySequence("Ctrl+S"));
     frmMain.ForEach([&](Control& control) {
         SCOPED_TRACE(FullName(control));
         // A tip says more than the name of the record.
@@ -179,14 +182,10 @@ TEST_F(Window, KeysDoTheSameInWidgetsAndWithout)
     }
 }
 
-TEST_F(Window, TheFirstKeysGoToTheCodeBox)
-{
-    EXPECT_EQ(QApplication::focusWidget(), WidgetOf(frmMain.txtGMcode));
-}
-
 TEST_F(Window, ClicksReachTheEngine)
 {
-    SendKeys("00{ENTER}100{ENTER}50{ENTER}{ENTER}01{ENTER}7000");
+    EXPECT_EQ(QApplication::focusWidget(), WidgetOf(frmMain.txtGMcode)) << "the first keys are a code";
+    SendKeys("00{KEYPAD}100{ENTER}50{ENTER}{KEYPAD}01{ENTER}7000");
     // A refused value keeps the cursor; the click comes to nothing.
     Click(frmMain.txtComment);
     EXPECT_TRUE(HasFocus(frmMain.txtXI));
@@ -195,6 +194,10 @@ TEST_F(Window, ClicksReachTheEngine)
     Click(frmMain.txtZK);
     EXPECT_EQ(frmMain.txtXI.Text, "700");
     EXPECT_EQ(QApplication::focusWidget(), WidgetOf(frmMain.txtZK));
+    // What the engine selects in the box stays selected, so that typing replaces it.
+    SendKeys("50");
+    Click(frmMain.txtXI);
+    EXPECT_EQ(qobject_cast<QLineEdit*>(WidgetOf(frmMain.txtXI))->selectedText(), "700");
 
     Click(frmMain.chkViewToolPos);
     EXPECT_EQ(frmMain.chkViewToolPos.Value, 1);
@@ -204,6 +207,15 @@ TEST_F(Window, ClicksReachTheEngine)
                       list->visualRect(list->model()->index(0, CellX)).center());
     EXPECT_EQ(lvCncProgram.Selected, 1);
     EXPECT_TRUE(HasFocus(frmMain.txtGMcode));
+
+    // Headers: a width that is dragged is kept; the one of the messages opens the line of the first.
+    list->setColumnWidth(CellX, 80);
+    EXPECT_EQ(lvCncProgram.Widths[CellX], 80 * 15);
+    Events.Run([] { Enter("G00 X0 Z0 / G01 X9999 Z0 F50 / M30"); });
+    QHeaderView& headers = *list->horizontalHeader();
+    QTest::mouseClick(headers.viewport(), Qt::LeftButton, {},
+                      {headers.sectionViewportPosition(CellError) + 9, 9});
+    EXPECT_EQ(lvCncProgram.Selected, 2);
 
     Click(frmMain.cmdTopButtons[5]);
     EXPECT_TRUE(WidgetOf(frmMain.picZXaxes)->isVisible());
@@ -290,6 +302,13 @@ TEST_F(Window, ALongProgramFollowsItsVersion)
     auto* const list = Events.Widgets.As<ProgramListView>(frmMain.lvCncProgram);
     EXPECT_EQ(list->model()->rowCount(), lvCncProgram.RowCount());
     EXPECT_TRUE(list->viewport()->rect().intersects(list->visualRect(list->model()->index(3999, CellN))));
+}
+
+TEST(Colors, CanBeReadOnLightAndDark)
+{
+    EXPECT_EQ(Theme::Readable(Qt::black, Qt::white), QColor(Qt::black));
+    EXPECT_LT(Theme::Readable(Qt::yellow, Qt::white).lightness(), 90);
+    EXPECT_GT(Theme::Readable(Qt::blue, Qt::black).lightness(), 150);
 }
 
 TEST_F(Window, AnEditPaintsTheRowsThatItChanges)
