@@ -38,9 +38,8 @@ void ShowTransfer()
     // How a transmission beside a reception goes, or ended, stands behind it.
     const std::string sending = Shared.Transmitting ? TransmissionText() : TransmissionResult();
     std::string& shown = frmMain.lblTransfer.Text;
-    shown = receiving ? ReceptionText() : "";
-    if (!shown.empty() && !sending.empty()) shown += "; ";
-    shown += sending;
+    shown = receiving ? ReceptionText() : sending;
+    if (receiving && !sending.empty()) shown = Tr("%1; %2", {shown, sending});
 }
 
 void PortTrouble(const PortFailure& failure, std::string_view procedure, TroubleBox box)

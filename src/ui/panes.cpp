@@ -224,7 +224,7 @@ std::string HintOf(const Control& focused)
     const size_t to = focused.Tag.find("TO");
     if (to == std::string::npos) {
         const bool letters = &focused == &frmMain.txtGMcode && Shared.Machine != MachineKind::MK2;
-        return FirstTipOf(focused) + (letters ? "; " + focused.ToolTip : "");
+        return letters ? Tr("%1; %2", {FirstTipOf(focused), focused.ToolTip}) : FirstTipOf(focused);
     }
     std::string hint = Tr("%1 to %2", {focused.Tag.substr(0, to), focused.Tag.substr(to + 2)});
     constexpr std::string_view Lengths = "X Y Z I J K R D";
