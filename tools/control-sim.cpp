@@ -472,7 +472,8 @@ Options ReadOptions(const std::vector<std::string>& words)
             *flag = true;
             continue;
         }
-        const std::string value = i + 1 < words.size() ? words[++i] : "";
+        if (i + 1 == words.size()) Fail("a value is missing, or there is no such option: " + word);
+        const std::string& value = words[++i];
         if (!SetOption(options, word, value))
             Fail("no such option, or not a value for it: " + word + " " + value);
     }

@@ -32,11 +32,6 @@ constexpr const char* KeptEnding = ".cnc";
 /// The file in which the open program is kept, "" for none.
 std::string KeptFile;
 
-void ForgetKeptProgram()
-{
-    if (const std::string kept = std::exchange(KeptFile, ""); !kept.empty()) RemoveFile(kept);
-}
-
 /// A file of its own for each content, so that two windows that end at once keep both programs.
 void KeepProgram(const std::string& text)
 {
@@ -97,6 +92,11 @@ void Leave()
 
 } // namespace
 
+void ForgetKeptProgram()
+{
+    if (const std::string kept = std::exchange(KeptFile, ""); !kept.empty()) RemoveFile(kept);
+}
+
 void mnuExit_Click()
 {
     if (!EndTransmissionBeforeExit()) return;
@@ -134,8 +134,10 @@ void OfferKeptProgram()
         if (!name.starts_with(KeptName) || ReadWholeFile(path, bytes)) continue;
         const std::string question =
             Tr("A program was not saved when the system closed Brixley. Open it now?");
-        const Answer answer = ThePlatform->Show({question, "", Buttons::YesNo, Icon::Question});
-        if (answer == Answer::Yes && LoadUnnamed(bytes, name)) KeptFile = path;
+        if (ThePlatform->Show({question, "", Buttons::YesNo, Icon::Question}) != Answer::Yes) continue;
+        if (!KeepReceived()) return; // the pane of a text that has come meanwhile is closed by the load
+        if (!LoadUnnamed(bytes, name)) continue;
+        KeptFile = path;
         return;
     }
 }

@@ -17,9 +17,12 @@ void KeepUnsaved();
 /// transmission ends where it is.
 void EndOfSession();
 
-/// Asks whether a program that was kept is to be opened. Refused, it is offered again at the next start;
-/// opened, it has no file, and is kept until this run has saved it or given it up.
+/// Asks of each program that was kept whether it is to be opened, until one is. Refused, it is offered again
+/// at the next start; opened, it has no file, and is kept until this run has saved it or given it up.
 void OfferKeptProgram();
+
+/// The open program was saved or given up: what was kept of it is no longer offered.
+void ForgetKeptProgram();
 
 /// Forgets which kept program is open, for a new beginning of the program.
 void ResetKeptProgram();

@@ -1,5 +1,6 @@
 #include "commands/save.h"
 
+#include "commands/exit.h"
 #include "commands/recent_files.h"
 #include "core/code_page.h"
 #include "core/failure.h"
@@ -71,6 +72,7 @@ void SaveFile_Click(bool saveAs)
         return;
     }
     Shared.Changed = false;
+    ForgetKeptProgram();
     frmMain.lblPath.Text = path;
     ShowPaths();
     RememberFile(path);

@@ -227,7 +227,8 @@ bool Desktop::eventFilter(QObject* receiver, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Quit: // the second step; the program's own end is no event
-        if (receiver != qApp) break;
+        // Before the settings are loaded there is nothing to keep, and they would be written over.
+        if (receiver != qApp || !Tick.isActive()) break;
         End();
         return true;
     case QEvent::ShortcutOverride: {

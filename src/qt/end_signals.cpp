@@ -30,10 +30,14 @@ EndSignals::EndSignals(std::function<void()> onSignal)
         while (::read(SignalPipe[0], &mark, 1) > 0) continue;
         routine();
     });
-    for (const int number : Signals) std::signal(number, PassOn);
+    for (const int number : Signals) {
+        if (std::signal(number, PassOn) == SIG_IGN) std::signal(number, SIG_IGN); // as under nohup
+    }
 }
 
 EndSignals::~EndSignals()
 {
-    for (const int number : Signals) std::signal(number, SIG_DFL);
+    for (const int number : Signals) {
+        if (std::signal(number, SIG_DFL) == SIG_IGN) std::signal(number, SIG_IGN);
+    }
 }

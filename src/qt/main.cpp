@@ -21,6 +21,7 @@
 #include <QFileInfo>
 #include <QTimer>
 
+#include <cstdlib>
 #include <optional>
 #include <string>
 
@@ -33,13 +34,15 @@ constexpr const char* What =
 void AnswerOnConsole(QCommandLineParser& parser, int argc, char** argv)
 {
     parser.setApplicationDescription(What);
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions); // as the toolkit's own
     const QCommandLineOption help = parser.addHelpOption(), version = parser.addVersionOption();
     parser.addPositionalArgument("FILE", "The program to open; without it, the one that was open last.",
                                  "[FILE]");
     parser.parse({argv, argv + argc});
     if (!parser.isSet(help) && !parser.isSet(version)) return;
     const QCoreApplication console(argc, argv);
-    parser.process(console);
+    if (parser.isSet(version)) parser.showVersion();
+    parser.showHelp();
 }
 
 } // namespace
@@ -83,7 +86,11 @@ int main(int argc, char** argv)
     desktop.Run(tmr1sec_Timer); // what is enabled at first
     window.Open();
     desktop.StartTick();
+    // The toolkit ends the program itself when the display is gone.
+    std::atexit([] {
+        if (!Shared.Ended) KeepUnsaved();
+    });
     const EndSignals ends([&desktop] { desktop.End(); }); // the settings are loaded, so they can be saved
-    QTimer::singleShot(0, &desktop, [&desktop] { desktop.Run(OfferKeptProgram); });
+    QTimer::singleShot(0, &desktop, [&desktop] { desktop.RunLater(OfferKeptProgram); });
     return QApplication::exec();
 }

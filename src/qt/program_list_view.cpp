@@ -285,8 +285,9 @@ void ProgramListView::Render()
 
 void ProgramListView::UpdateRows()
 {
-    const int first = std::min(lvCncProgram.TopRow - 1, lvCncProgram.RowCount());
-    const int end = std::min(first + lvCncProgram.VisibleRows + 1, lvCncProgram.RowCount()); // one is cut
+    // One row is cut below; at the end of the list, which lies at the lower edge, one above.
+    const int first = std::clamp(lvCncProgram.TopRow - 2, 0, lvCncProgram.RowCount());
+    const int end = std::min(first + lvCncProgram.VisibleRows + 2, lvCncProgram.RowCount());
     const std::pair colors(Shared.AbsColor, Shared.IncrColor);
     const bool recolored = std::exchange(PaintedColors, colors) != colors;
     std::vector<ProgramLine> rows(lvCncProgram.Rows.begin() + first, lvCncProgram.Rows.begin() + end);

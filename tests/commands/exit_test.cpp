@@ -12,6 +12,9 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
+#include <utility>
+
 namespace {
 
 constexpr const char* TwoLines = "G00 X100 Z100 ;mine / M30";
@@ -77,15 +80,21 @@ TEST(Exit, TheSystemsEndAsksNothingAndTheNextStartsOfferTheProgram)
     EXPECT_EQ(BytesOf(AppDataPath() + "/Receive.txt"), "from the machine");
     EXPECT_EQ(Kept().size(), 1U);
 
-    const auto startAnew = [&](Answer answer) {
+    const auto startAnew = [&](std::deque<Answer> answers) {
         ResetState();
         StartNew(MachineKind::MK2, false, false);
-        desk.Answers = {answer};
+        desk.Answers = std::move(answers);
         OfferKeptProgram();
     };
-    startAnew(Answer::No);
+    startAnew({Answer::No});
     EXPECT_EQ(LineCount(), 0);
-    startAnew(Answer::Yes);
+    // One that can't be read or isn't wanted doesn't stand before the next.
+    const std::string damaged = AppDataPath() + "/Unsaved-0.cnc";
+    ASSERT_FALSE(ReplaceFile(damaged, "no program"));
+    startAnew({Answer::Yes, Answer::OK, Answer::Yes});
+    EXPECT_EQ(LineCount(), 2);
+    RemoveFile(damaged);
+    startAnew({Answer::Yes});
     EXPECT_EQ(Shared.Machine, MachineKind::MK4);
     EXPECT_EQ(lvCncProgram.Row(1)[CellComment], "changed since");
     EXPECT_TRUE(Shared.Changed);
@@ -96,7 +105,7 @@ TEST(Exit, TheSystemsEndAsksNothingAndTheNextStartsOfferTheProgram)
     EndOfSession();
     EXPECT_EQ(Kept().size(), 2U);
     RemoveFile(other);
-    startAnew(Answer::Yes);
+    startAnew({Answer::Yes});
     desk.Answers = {Answer::No};
     mnuExit_Click();
     EXPECT_TRUE(Kept().empty());
