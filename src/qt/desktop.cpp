@@ -316,7 +316,11 @@ bool Desktop::TakePress(QObject* receiver)
     // The widget puts its caret only when the engine has let the cursor come.
     if (record == &frmFind.txtFind) return false;
     const bool had = HasFocus(*record);
-    Run([&] { ClickControl(*record); });
+    // What a list chooses is told by the widget: opening it chooses nothing.
+    Run([&] {
+        BringToFront(WindowOf(*record));
+        SetFocus(*record);
+    });
     if (!had && HasFocus(*record)) ClickedInto = record;
     return !HasFocus(*record);
 }

@@ -88,10 +88,11 @@ protected:
         QWheelEvent wheel(at, at, {}, {0, angle}, {}, {}, Qt::NoScrollPhase, false);
         QApplication::sendEvent(Canvas(), &wheel);
     }
-    /// Chooses an item of a combo box in its popup.
+    /// Chooses an item of a combo box in its popup, which a click opens.
     static void PickIn(QComboBox& combo, int index)
     {
-        combo.showPopup();
+        QTest::mouseClick(&combo, Qt::LeftButton);
+        ASSERT_TRUE(combo.view()->isVisible());
         combo.view()->setCurrentIndex(combo.model()->index(index, 0));
         QTest::keyClick(combo.view(), Qt::Key_Enter);
     }
