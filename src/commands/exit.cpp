@@ -19,6 +19,7 @@
 #include "platform/port.h"
 #include "serial/receive.h"
 #include "serial/transmit.h"
+#include "settings/user_files.h"
 
 #include <functional>
 #include <string>
@@ -36,7 +37,7 @@ std::string KeptFile;
 void KeepProgram(const std::string& text)
 {
     const std::string number = std::to_string(std::hash<std::string>{}(text));
-    const std::string path = AppDataPath() + "/" + KeptName + number + KeptEnding;
+    const std::string path = UserFile(KeptName + number + KeptEnding);
     if (const auto failure = ReplaceFile(path, ToCodePage(text))) {
         NoteFailure(failure->Number, "EndOfSession");
         return;
@@ -129,7 +130,7 @@ void OfferKeptProgram()
 {
     if (AppDataPath().empty()) return;
     for (const std::string& name : FilesIn(AppDataPath(), KeptEnding)) {
-        const std::string path = AppDataPath() + "/" + name;
+        const std::string path = UserFile(name);
         std::string bytes;
         if (!name.starts_with(KeptName) || ReadWholeFile(path, bytes)) continue;
         const std::string question =

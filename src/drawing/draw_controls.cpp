@@ -111,17 +111,16 @@ void ArrangeControls()
 void PlaceControlsAside()
 {
     Control& frame = frmDraw.frControls;
-    const int left = frame.Left, top = frame.Top;
-    const int right = CanvasWidth() - frame.Width - RoomBeside;
-    const int bottom = CanvasHeight() - frame.Height - RoomBelow;
-    int least = PlacesIn(left, top, frame.Width, frame.Height);
-    for (const auto& [x, y] : {std::pair{right, top}, {left, bottom}, {right, bottom}}) {
-        const int covered = PlacesIn(x, y, frame.Width, frame.Height);
-        if (covered >= least) continue;
-        least = covered;
-        frame.Left = x;
-        frame.Top = y;
-    }
+    const int width = frame.Width, height = frame.Height;
+    const int right = CanvasWidth() - width - RoomBeside, bottom = CanvasHeight() - height - RoomBelow;
+    const CanvasBox corners[] = {{frame.Left, frame.Top, width, height},
+                                 {right, frame.Top, width, height},
+                                 {frame.Left, bottom, width, height},
+                                 {right, bottom, width, height}};
+    const std::vector<int> covered = PlacesIn(corners);
+    const CanvasBox& freest = corners[std::min_element(covered.begin(), covered.end()) - covered.begin()];
+    frame.Left = freest.Left;
+    frame.Top = freest.Top;
     ArrangeControls();
 }
 

@@ -19,17 +19,55 @@ double DistanceToLine(double x, double y, const std::array<float, 5>& at)
     return std::hypot(at[0] + part * dx - x, at[1] + part * dy - y);
 }
 
+double SweepOf(const std::array<float, 5>& arc)
+{
+    const double sweep = double{arc[4]} - arc[3];
+    return sweep < 0 ? sweep + 2 * Pi : sweep;
+}
+
 double DistanceToArc(double x, double y, const std::array<float, 5>& at)
 {
     const double angle = VectorAngle(x - at[0], at[1] - y);
-    double sweep = double{at[4]} - at[3], turn = angle - at[3];
-    if (sweep < 0) sweep += 2 * Pi;
+    double turn = angle - at[3];
     if (turn < 0) turn += 2 * Pi;
-    if (turn <= sweep) return std::abs(std::hypot(x - at[0], y - at[1]) - at[2]);
+    if (turn <= SweepOf(at)) return std::abs(std::hypot(x - at[0], y - at[1]) - at[2]);
     const auto toEnd = [&](double end) {
         return std::hypot(at[0] + at[2] * std::cos(end) - x, at[1] - at[2] * std::sin(end) - y);
     };
     return std::min(toEnd(at[3]), toEnd(at[4]));
+}
+
+double LengthOf(const Operation& figure)
+{
+    const auto& at = figure.At;
+    switch (figure.Is) {
+    case Op::DrawLine: return std::hypot(at[2] - at[0], at[3] - at[1]);
+    case Op::DrawArc: return at[2] * SweepOf(at);
+    default: return 0;
+    }
+}
+
+struct Place {
+    double X, Y;
+};
+
+/// The place behind a part of the figure, from 0 to 1.
+Place PlaceOn(const Operation& figure, double part)
+{
+    const auto& at = figure.At;
+    switch (figure.Is) {
+    case Op::DrawLine: return {std::lerp(at[0], at[2], part), std::lerp(at[1], at[3], part)};
+    case Op::DrawArc: {
+        const double angle = at[3] + part * SweepOf(at);
+        return {at[0] + at[2] * std::cos(angle), at[1] - at[2] * std::sin(angle)};
+    }
+    default: return {at[0], at[1]};
+    }
+}
+
+bool Holds(const CanvasBox& box, double x, double y)
+{
+    return x >= box.Left && x < box.Left + box.Width && y >= box.Top && y < box.Top + box.Height;
 }
 
 /// Takes the figures of the picture one by one, complete in themselves, with the line that they belong to.
@@ -105,27 +143,17 @@ std::vector<Operation> FiguresOfLine(int line)
     return figures;
 }
 
-int PlacesIn(double left, double top, double width, double height)
+std::vector<int> PlacesIn(std::span<const CanvasBox> boxes)
 {
     constexpr double Apart = 100;
-    constexpr int Most = 1000; // of one figure, however far it reaches
-    int inside = 0;
+    constexpr double Most = 1000; // of one figure, however far it reaches
+    std::vector<int> inside(boxes.size());
     ForEachFigure([&](int line, const Operation& figure) {
         if (line == 0) return;
-        const auto& at = figure.At;
-        const bool arc = figure.Is == Op::DrawArc, point = figure.Is == Op::SetPoint;
-        const double sweep = at[4] < at[3] ? at[4] - at[3] + 2 * Pi : double{at[4]} - at[3];
-        const double length = point ? 0 : arc ? at[2] * sweep : std::hypot(at[2] - at[0], at[3] - at[1]);
-        const int places = static_cast<int>(std::clamp(length / Apart, 1.0, double{Most}));
-        for (int i = 0; i < places; ++i) {
-            const double part = (i + 0.5) / places, angle = at[3] + part * sweep;
-            const double x = arc     ? at[0] + at[2] * std::cos(angle)
-                             : point ? at[0]
-                                     : std::lerp(at[0], at[2], part);
-            const double y = arc     ? at[1] - at[2] * std::sin(angle)
-                             : point ? at[1]
-                                     : std::lerp(at[1], at[3], part);
-            if (x >= left && x < left + width && y >= top && y < top + height) ++inside;
+        const double places = std::clamp(std::floor(LengthOf(figure) / Apart), 1.0, Most);
+        for (double i = 0.5; i < places; ++i) {
+            const auto [x, y] = PlaceOn(figure, i / places);
+            for (size_t k = 0; k < boxes.size(); ++k) inside[k] += Holds(boxes[k], x, y) ? 1 : 0;
         }
     });
     return inside;

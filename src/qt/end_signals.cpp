@@ -19,6 +19,14 @@ void PassOn(int)
     [[maybe_unused]] const ssize_t written = ::write(SignalPipe[1], &mark, 1);
 }
 
+/// A signal that is ignored, as under nohup, stays so.
+void Handle(void (*routine)(int))
+{
+    for (const int number : Signals) {
+        if (std::signal(number, routine) == SIG_IGN) std::signal(number, SIG_IGN);
+    }
+}
+
 } // namespace
 
 EndSignals::EndSignals(std::function<void()> onSignal)
@@ -30,14 +38,10 @@ EndSignals::EndSignals(std::function<void()> onSignal)
         while (::read(SignalPipe[0], &mark, 1) > 0) continue;
         routine();
     });
-    for (const int number : Signals) {
-        if (std::signal(number, PassOn) == SIG_IGN) std::signal(number, SIG_IGN); // as under nohup
-    }
+    Handle(PassOn);
 }
 
 EndSignals::~EndSignals()
 {
-    for (const int number : Signals) {
-        if (std::signal(number, SIG_DFL) == SIG_IGN) std::signal(number, SIG_IGN);
-    }
+    Handle(SIG_DFL);
 }

@@ -12,8 +12,8 @@ public:
     /// What the painter paints on: pixels, whose edges lines are put on, or a vector format.
     enum class Device { Raster, Vector };
 
-    /// Paints on a painter whose unit is such a pixel, on a sheet of this size in twips. The device
-    /// has `ratio` pixels of its own for one such pixel.
+    /// Paints on a painter whose unit is a pixel of TwipsPerPixel, on a sheet of this size in twips. The
+    /// device has `ratio` pixels of its own for one such pixel.
     PainterCanvas(QPainter& painter, int width, int height, Device device, double ratio = 1);
     /// The painter is still as it was given: the ground of a sheet without figures is painted now.
     ~PainterCanvas() override { PaintGround(); }
