@@ -142,7 +142,7 @@ bool RunShortcut(const KeyStroke& key)
 void Escape()
 {
     const bool help = IsHelpUp(), picture = frmMain.picZXaxes.Visible || frmMain.picXYaxes.Visible;
-    Control* back = help ? TakeOwedFocus() : nullptr;
+    Control* back = help ? DroppedFocus() : nullptr;
     if (help && frmMain.frRXcode.Visible) back = &frmMain.txtRX;
     if (help || picture) cmdReturn_Click();
     SetFocus(back != nullptr && IsUsable(*back) ? *back : frmMain.lvCncProgram);

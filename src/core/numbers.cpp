@@ -60,7 +60,8 @@ double SlowValue(const std::string& digits, int exponent)
     double value = 0;
     const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
     if (read.ec != std::errc::result_out_of_range) return value;
-    return exponent < 0 ? 0 : std::numeric_limits<double>::infinity();
+    const bool isSmall = exponent + static_cast<int>(digits.size()) < 0;
+    return isSmall ? 0 : std::numeric_limits<double>::infinity();
 }
 
 /// Whether the number is a whole one of few digits, as most are; those take no rounding.

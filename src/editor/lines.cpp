@@ -69,7 +69,7 @@ ProgramLine EmptyLine(int number)
 bool SettleUnseen()
 {
     Control* const left = TakeOwedFocus();
-    if (left == nullptr || left->On.LostFocus == nullptr || !IsUsable(*left)) return true;
+    if (left == nullptr || !IsUsable(*left)) return true;
     if (left == &frmMain.txtGMcode) return SettleCode();
     left->On.LostFocus(*left);
     return !HasFocus(*left);

@@ -198,7 +198,6 @@ void CloseReceivePane()
     ForgetTransmissionResult();
     frmMain.lvCncProgram.ToolTip.clear();
     cmdReturn_Click();
-    SetFocus(frmMain.lvCncProgram); // before it is taken from txtRX: what OpenPane left is still to be judged
 }
 
 void ForgetReceived()

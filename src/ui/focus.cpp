@@ -15,7 +15,9 @@ struct Holding {
     Control* Holder = nullptr;
     /// The holder's GotFocus has run, so its LostFocus is due when it goes.
     bool Entered = false;
-    /// One that lost the focus without its LostFocus, which is still owed.
+    /// The last one that lost the focus by being hidden or disabled, and the last one whose LostFocus is
+    /// still owed for that; null once they have the focus again.
+    Control* Dropped = nullptr;
     Control* Owes = nullptr;
 };
 
@@ -106,7 +108,11 @@ void SetFocus(Control& control)
     if (focus.Holder == &control || !IsUsable(control)) return;
     Control* const from = focus.Holder;
     const bool due = focus.Entered && from != nullptr && IsUsable(*from);
-    focus = {&control, false, focus.Owes == &control ? nullptr : focus.Owes};
+    focus.Holder = &control;
+    focus.Entered = false;
+    for (Control** const left : {&focus.Dropped, &focus.Owes}) {
+        if (*left == &control) *left = nullptr;
+    }
     const int move = ++Focus.Moves;
     if (due && from->On.LostFocus != nullptr) from->On.LostFocus(*from);
     if (Focus.Moves != move) return;
@@ -143,8 +149,18 @@ void DropFocus(Control& of)
 {
     const Control& window = WindowOf(of);
     Holding& focus = FocusIn(window);
-    focus = {nullptr, false, focus.Entered ? focus.Holder : focus.Owes};
+    if (focus.Entered) {
+        focus.Dropped = focus.Holder;
+        if (focus.Holder->On.LostFocus != nullptr) focus.Owes = focus.Holder;
+    }
+    focus.Holder = nullptr;
+    focus.Entered = false;
     if (&window == &frmMain.Window) SetFocus(frmMain.lvCncProgram);
+}
+
+Control* DroppedFocus()
+{
+    return FocusIn(frmMain.Window).Dropped;
 }
 
 Control* TakeOwedFocus()

@@ -43,7 +43,10 @@ void MendFocus();
 /// The same for one control's window at once.
 void DropFocus(Control& of);
 
-/// The control of the main window that lost the focus so and has not had it since, null for none; asked once.
+/// The control of the main window that lost the focus so last and has not had it since, null for none.
+Control* DroppedFocus();
+/// The one of them whose LostFocus is still owed, null for none; asked once. A later one that has none
+/// doesn't stand before it.
 Control* TakeOwedFocus();
 
 /// Takes the focus from whoever has it, without events.

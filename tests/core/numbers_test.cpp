@@ -5,6 +5,7 @@
 #include "core/failure.h"
 #include "core/vector.h"
 
+#include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
 #include <limits>
@@ -42,6 +43,7 @@ TEST(Numbers, ValReadsUpToTheFirstStranger)
                  {"123456789012345678", 123456789012345678.0},
                  {"5E-324", 5e-324}};
     for (const auto& c : cases) EXPECT_EQ(Val(c.Text), c.Value) << c.Text;
+    EXPECT_TRUE(std::isinf(Val(std::string(400, '9') + ".5")));
 }
 
 TEST(Numbers, WordValSplitsTheLetterOff)

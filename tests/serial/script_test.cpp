@@ -214,6 +214,13 @@ const Case Receiving[] = {
     {"until its line is written",
      COM "{ROW 1}00{ENTER}6000{RX abc}{CLICK cmdReceiveExit}{FOCUS txtComment}{ENTER}", "messages",
      "Highest value for this field is 5999|"},
+    {"also when the stream went on behind the pane",
+     COM "{ROW 1}00{ENTER}6000{RX abc}{CLICK cmdReceiveExit}{RX d}{CLICK cmdReceiveExit}{FOCUS "
+         "txtComment}{ENTER}",
+     "messages", "Highest value for this field is 5999|"},
+    {"and behind the help",
+     COM "{ROW 1}00{ENTER}6000{RX abc}{F1}{ESC}{CLICK cmdReceiveExit}{FOCUS txtComment}{ENTER}", "messages",
+     "Highest value for this field is 5999|"},
     {"the command does nothing without communication", "{CLICK cmdTopButtons(8)}", "visible frRXcode", "no"},
     {"it sets the parameters", COM TAB "{CLICK optBaudRX(6)}{CLICK cmdTopButtons(4)}{MENU mnuRX}", "port",
      "yes 1 9600,N,8,1"},
