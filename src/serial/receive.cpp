@@ -185,6 +185,8 @@ void cmdReceiveExit_Click()
 
 void txtRX_Change()
 {
+    // A kept text gives way to another stream, not to what is typed: that is kept behind it.
+    if (!Unsaved && Beginning.empty() && ReadWholeFile(KeptFile(), Beginning)) Beginning.clear();
     Unsaved = !frmMain.txtRX.Text.empty();
 }
 
